@@ -1,0 +1,72 @@
+#pragma once
+
+#include "basesys/ZuRefObject.h"
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+
+class ZuAppNative;
+class ZuGlobalMgr;
+class ZuGlobalParam;
+
+// Engine states.
+typedef uint32_t ZU_ENG_STATE;
+enum : uint32_t {
+    ZU_ENG_STATE_STOPPED = 0,  // managers are not built
+    ZU_ENG_STATE_RUNNING = 1,  // frames and operations are served
+    ZU_ENG_STATE_STOPPING = 2, // no new work is taken; managers still exist
+};
+
+// One running engine. A host constructs it, calls init, adds search paths,
+// calls initZuBase with its GL context current, then once a frame update and
+// directrender. To stop: setState(2), destroyZuBase, destroy, release.
+class ZuAppMain : public ZuRefObject {
+public:
+    // A wall-clock reading: seconds and microseconds.
+    struct WallTime {
+        int64_t seconds = 0;
+        int64_t micros = 0;
+    };
+    using Clock = std::function<WallTime()>;
+
+    ZuAppMain();
+    ~ZuAppMain() override;
+
+    virtual void init();
+    virtual void destroy();
+    virtual void initZuBase();
+    virtual void destroyZuBase();
+    virtual void update();
+    virtual void updateEffectRes();
+    virtual void render() {}
+    virtual void directrender(const char* sceneName);
+
+    ZU_ENG_STATE getState() const { return state.load(); }
+    // who is the caller's tag ("wrap", "async"...), kept for logs only.
+    void setState(const char* who, ZU_ENG_STATE newState);
+
+    ZuAppNative* getAppInter() const { return appInter; }
+    ZuGlobalMgr* getGlobalMgr() const { return globalMgr; }
+    ZuGlobalParam* getGlobalParam() const { return globalParam; }
+
+    void addRespath(const char* path);
+    // Restarts the frame clock: the next delta is again 0.033.
+    void setFirstGetDert(bool first) { firstGetDert = first; }
+
+    // The wall clock behind the frame delta; gettimeofday unless replaced
+    // (tests install a clock they step themselves).
+    void setClock(Clock clock);
+
+protected:
+    // Milliseconds since the last call; 0.033 on the first call after a (re)start.
+    float _getDert();
+
+    std::atomic<ZU_ENG_STATE> state{ZU_ENG_STATE_STOPPED};
+    ZuAppNative* appInter = nullptr;
+    ZuGlobalMgr* globalMgr = nullptr;
+    ZuGlobalParam* globalParam = nullptr;
+    WallTime lastTime;
+    std::atomic<bool> firstGetDert{true};
+    Clock clock;
+};

@@ -1,0 +1,102 @@
+#include "basesys/ZuGlobalMgr.h"
+
+#include "basesys/ZuBasicSys.h"
+#include "basesys/ZuConfig.h"
+#include "basesys/ZuFileMgr.h"
+#include "data/ZuDataMgr.h"
+#include "event/ZuEventMgr.h"
+#include "operate/ZuOperateMgr.h"
+
+ZuGlobalMgr::ZuGlobalMgr(ZuAppMain* app) : ZuGBase(app) {
+    m_fileMgr = new ZuFileMgr(app);
+    m_fileMgr->init();
+}
+
+ZuGlobalMgr::~ZuGlobalMgr() {
+    destroy();
+    if (m_fileMgr) m_fileMgr->destroy();
+    qzSafeRelease(m_fileMgr);
+}
+
+template <class T> void ZuGlobalMgr::build(T*& slot, const char* name) {
+    if (slot) return;
+    slot = new T(app);
+    slot->init();
+    notify(name, true);
+}
+
+template <class T> void ZuGlobalMgr::construct(T*& slot, const char* name) {
+    if (slot) return;
+    slot = new T(app);
+    notify(name, true);
+}
+
+template <class T> void ZuGlobalMgr::teardown(T*& slot, const char* name) {
+    if (!slot) return;
+    slot->destroy();
+    slot->release();
+    slot = nullptr;
+    notify(name, false);
+}
+
+template <class T> void ZuGlobalMgr::releaseOnly(T*& slot, const char* name) {
+    if (!slot) return;
+    slot->release();
+    slot = nullptr;
+    notify(name, false);
+}
+
+void ZuGlobalMgr::notify(const char* name, bool built) {
+    if (m_observer) m_observer(name, built);
+}
+
+void ZuGlobalMgr::setConfig(ZuConfig* config) {
+    if (config == m_config) return;
+    if (config) config->retain();
+    qzSafeRelease(m_config);
+    m_config = config;
+}
+
+void ZuGlobalMgr::setOperateMgr(ZuOperateMgr* operateMgr) {
+    if (operateMgr == m_operateMgr) return;
+    if (operateMgr) operateMgr->retain();
+    qzSafeRelease(m_operateMgr);
+    m_operateMgr = operateMgr;
+}
+
+void ZuGlobalMgr::init() {
+    // The empty search path lets absolute file names through.
+    m_fileMgr->addRespath("");
+
+    // A config set by an integration class is kept; the file still overlays it.
+    build(m_config, "ZuConfig");
+    m_config->loadConfig();
+
+    if (!m_operateMgr) {
+        m_operateMgr = new ZuOperateMgr(app);
+        m_operateMgr->init(true); // the load thread starts here
+        notify("ZuOperateMgr", true);
+    }
+    build(m_eventMgr, "ZuEventMgr");
+    build(m_dataMgr, "ZuDataMgr");
+    build(m_basicSys, "ZuBasicSys");
+}
+
+void ZuGlobalMgr::destroy() {
+    // The load thread stops first, so nothing loads during the rest.
+    teardown(m_operateMgr, "ZuOperateMgr");
+    teardown(m_dataMgr, "ZuDataMgr");
+    teardown(m_eventMgr, "ZuEventMgr");
+    teardown(m_config, "ZuConfig");
+    releaseOnly(m_basicSys, "ZuBasicSys");
+}
+
+void ZuGlobalMgr::update(float delta) {
+    if (m_operateMgr) m_operateMgr->update(delta);
+    if (m_dataMgr) m_dataMgr->update(delta);
+    if (m_eventMgr) m_eventMgr->update(delta);
+}
+
+void ZuGlobalMgr::renderScene(const char* sceneName) {
+    // Render scenes replay here once the render manager is part of the engine.
+}
