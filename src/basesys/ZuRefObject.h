@@ -1,29 +1,35 @@
 #pragma once
 
 #include "basesys/ZuObject.h"
+
+#include <atomic>
 #include <cstdint>
 
-// Intrusive, non-atomic reference count. A new object starts at 1 and its
-// creator owns that reference; whoever stores it retains, whoever removes it
-// releases. Cross-thread hand-overs are ordered by the queues' own locks.
+// Intrusive reference count. A new object starts at 1 and its creator owns
+// that reference; whoever stores it retains, whoever removes it releases.
+//
+// The count is atomic: a host thread pushes an operation (the queue retains
+// it under its lock) and then drops its own reference outside any lock, while
+// the render thread may already be running and releasing it. With a plain
+// integer those two decrements can lose one another.
 class ZuRefObject : public ZuObject {
 public:
     ZuRefObject() = default;
     ~ZuRefObject() override = default;
 
-    uint32_t retain() { return ++m_count; }
+    uint32_t retain() { return m_count.fetch_add(1, std::memory_order_relaxed) + 1; }
 
     // Destroys the object through its virtual destructor at zero.
     uint32_t release() {
-        uint32_t left = --m_count;
+        uint32_t left = m_count.fetch_sub(1, std::memory_order_acq_rel) - 1;
         if (left == 0) delete this;
         return left;
     }
 
-    uint32_t count() const { return m_count; }
+    uint32_t count() const { return m_count.load(std::memory_order_relaxed); }
 
 private:
-    uint32_t m_count = 1;
+    std::atomic<uint32_t> m_count{1};
 };
 
 // Releases a held reference and nulls the holder, the engine's usual idiom.
