@@ -35,8 +35,7 @@ void ZuListenBase::unregistListenFunc(ZuObject* listener, ZuListenMember func) {
 void ZuListenBase::noticeListener(float delta) {
     ZuLockGuard guard(m_lock);
     _updateSelf(delta);
-    if (m_changed) {
-        m_changed = false;
+    if (m_changed.exchange(false)) {
         _notice(delta);
     }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+
 #include "basesys/ZuLock.h"
 #include "basesys/ZuRefObject.h"
 #include "basesys/qzArray.h"
@@ -58,6 +60,7 @@ protected:
     virtual void _notice(float delta);
 
     qz::array<LISTENFUNC> m_listeners;
-    bool m_changed = true;
+    // Set by producers on any thread without the lock; read under it.
+    std::atomic<bool> m_changed{true};
     ZuLock m_lock;
 };
