@@ -6,6 +6,10 @@
 #include "data/ZuDataMgr.h"
 #include "event/ZuEventMgr.h"
 #include "operate/ZuOperateMgr.h"
+#include "render/ZuFboMgr.h"
+#include "render/ZuPboMgr.h"
+#include "render/ZuShaderMgr.h"
+#include "render/ZuTexMgr.h"
 
 ZuGlobalMgr::ZuGlobalMgr(ZuAppMain* app) : ZuGBase(app) {
     m_fileMgr = new ZuFileMgr(app);
@@ -77,14 +81,22 @@ void ZuGlobalMgr::init() {
         m_operateMgr->init(true); // the load thread starts here
         notify("ZuOperateMgr", true);
     }
+    construct(m_pboMgr, "ZuPboMgr");
+    build(m_fboMgr, "ZuFboMgr");
     build(m_eventMgr, "ZuEventMgr");
     build(m_dataMgr, "ZuDataMgr");
+    build(m_shaderMgr, "ZuShaderMgr");
+    build(m_texMgr, "ZuTexMgr");
     build(m_basicSys, "ZuBasicSys");
 }
 
 void ZuGlobalMgr::destroy() {
     // The load thread stops first, so nothing loads during the rest.
     teardown(m_operateMgr, "ZuOperateMgr");
+    teardown(m_texMgr, "ZuTexMgr");
+    teardown(m_shaderMgr, "ZuShaderMgr");
+    releaseOnly(m_pboMgr, "ZuPboMgr");
+    releaseOnly(m_fboMgr, "ZuFboMgr");
     teardown(m_dataMgr, "ZuDataMgr");
     teardown(m_eventMgr, "ZuEventMgr");
     teardown(m_config, "ZuConfig");
@@ -95,6 +107,8 @@ void ZuGlobalMgr::update(float delta) {
     if (m_operateMgr) m_operateMgr->update(delta);
     if (m_dataMgr) m_dataMgr->update(delta);
     if (m_eventMgr) m_eventMgr->update(delta);
+    if (m_texMgr) m_texMgr->removeUnuseTexture();
+    if (m_fboMgr) m_fboMgr->update(delta);
 }
 
 void ZuGlobalMgr::renderScene(const char* sceneName) {

@@ -10,6 +10,10 @@ class ZuOperateMgr;
 class ZuEventMgr;
 class ZuDataMgr;
 class ZuBasicSys;
+class ZuPboMgr;
+class ZuFboMgr;
+class ZuTexMgr;
+class ZuShaderMgr;
 
 // Owns every manager of one engine and runs them in a fixed order: start-up
 // in init, shut-down in destroy, and the frame in update. The file manager
@@ -41,6 +45,10 @@ public:
     ZuEventMgr* getEventMgr() const { return m_eventMgr; }
     ZuDataMgr* getDataMgr() const { return m_dataMgr; }
     ZuBasicSys* getBasicSys() const { return m_basicSys; }
+    ZuPboMgr* getPboMgr() const { return m_pboMgr; }
+    ZuFboMgr* getFboMgr() const { return m_fboMgr; }
+    ZuTexMgr* getTexMgr() const { return m_texMgr; }
+    ZuShaderMgr* getShaderMgr() const { return m_shaderMgr; }
 
     // An integration class may set its own config (or operation manager)
     // before start-up; the global manager then keeps it and takes a reference.
@@ -66,6 +74,10 @@ private:
     ZuEventMgr* m_eventMgr = nullptr;
     ZuDataMgr* m_dataMgr = nullptr;
     ZuBasicSys* m_basicSys = nullptr;
+    ZuPboMgr* m_pboMgr = nullptr;
+    ZuFboMgr* m_fboMgr = nullptr;
+    ZuTexMgr* m_texMgr = nullptr;
+    ZuShaderMgr* m_shaderMgr = nullptr;
 
     LifecycleObserver m_observer;
 };

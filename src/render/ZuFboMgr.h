@@ -1,0 +1,45 @@
+#pragma once
+
+#include "basesys/ZuGBase.h"
+#include "basesys/qzMap.h"
+#include "basesys/qzString.h"
+
+class ZuFboObject;
+
+// The pool of framebuffers by name, one reference per entry. Creators return
+// an existing entry unchanged, whatever type or size is asked; a new one is
+// returned without an extra reference, so a caller that keeps it retains it.
+//
+// Ageing (update, once per tick): an entry that the pool alone has held
+// through two passes in a row, with no look-up in between, is cleared and
+// freed. Commands recorded this frame borrow framebuffers; waiting one pass
+// means a framebuffer let go during recording survives that frame's replay.
+class ZuFboMgr : public ZuGBase {
+public:
+    explicit ZuFboMgr(ZuAppMain* app);
+    ~ZuFboMgr() override;
+
+    void init() {}
+    void destroy() {}
+    void update(float dt);
+
+    ZuFboObject* createFboTexture(const char* name, int width, int height, bool swap);
+    ZuFboObject* createMSAAFbo(const char* name, int width, int height, bool swap);
+    ZuFboObject* createOutFboTexture(const char* name, int width, int height, unsigned int fboId, bool swap);
+    ZuFboObject* createOutTexFboTexture(const char* name, int width, int height, unsigned int texId, bool swap);
+    ZuFboObject* getFboTexture(const char* name);
+    // Immediate form of ageing: clears and drops the pool's reference.
+    void destroyFboTexture(ZuFboObject* fbo);
+
+    void setFirstFboId();
+    unsigned int getFirstFboId() const { return firstFboId; }
+    int size() const { return static_cast<int>(fbos.size()); }
+
+private:
+    ZuFboObject* lookup(const char* name);
+    void insert(const char* name, ZuFboObject* fbo);
+
+    qz::map<qz::string, ZuFboObject*> fbos;
+    unsigned int firstFboId = 0;
+    bool firstFboSet = false;
+};

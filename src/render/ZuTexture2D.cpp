@@ -1,0 +1,1 @@
+#include "render/ZuTexture2D.h"

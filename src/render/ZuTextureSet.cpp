@@ -1,0 +1,1 @@
+#include "render/ZuTextureSet.h"

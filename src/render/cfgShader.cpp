@@ -1,0 +1,71 @@
+#include "render/cfgShader.h"
+
+#include "shaders/ZuShaderSource.h"
+
+namespace {
+
+struct Row {
+    const char* key;
+    const char* vs;
+    const char* fs;
+};
+
+// Keys share sources only as listed here.
+const Row kRows[] = {
+    // Camera conversion and full-screen copies.
+    {"screennor", sv_screennor, sf_screennor},
+    {"rgba", sv_screennor, sf_rgba},
+    {"bgra", sv_screennor, sf_bgra},
+    {"screennorbgra", sv_screennor, sf_bgra},
+    {"yuv2rgb", sv_screennor, sf_yuv2rgb},
+    {"yuv2rgb12", sv_screennor, sf_yuv2rgb12},
+    {"yuv2rgb21", sv_screennor, sf_yuv2rgb21},
+    {"defaultBlack", sv_screennor, sf_defaultBlack},
+    {"screennorseparation", sv_screennor, sf_screennorseparation},
+    {"screennorseparationedge", sv_screennor, sf_screennorseparationedge},
+    // Output packing.
+    {"rgb2yuvnv12", sv_rgb2yuv, sf_rgb2yuvnv12},
+    {"rgb2yuvnv21", sv_rgb2yuv, sf_rgb2yuvnv21},
+    {"rgb2yuvyv12", sv_rgb2yuv, sf_rgb2yuvyv12},
+    {"rgb2yuvi420", sv_rgb2yuv, sf_rgb2yuvi420},
+    // Drawing through the matrices.
+    {"NormalV2CT1", sv_NormalV2CT1, sf_NormalV2CT1},
+    {"normal2d", sv_normal2d, sf_normal},
+    {"normal3d", sv_normal3d, sf_normal3d},
+    {"normalv2", sv_normalv2, sf_normalcolor},
+    {"geometry", sv_geometry, sf_geometry},
+    {"geometry3d", sv_geometry3d, sf_geometry3d},
+    {"colorselect", sv_colorselect, sf_colorselect},
+    {"colorselect3d", sv_colorselect3d, sf_colorselect},
+    {"colorselect2dspine", sv_colorselectspine, sf_colorselectspine},
+    {"blend2d", sv_blend2d, sf_blend},
+    {"blend3d", sv_blend3d, sf_blend},
+    {"realcamera", sv_realcamera, sf_realcamera},
+    {"debugFacePt", sv_debugFacePt, sf_debugFacePt},
+    {"screencolor", sv_screencolor, sf_screencolor},
+};
+
+qz::map<qz::string, cfgShader::Sources>* buildTable() {
+    auto* table = new qz::map<qz::string, cfgShader::Sources>();
+    for (const Row& row : kRows) {
+        cfgShader::Sources sources;
+        sources.vs = row.vs;
+        sources.fs = row.fs;
+        table->insert(qz::string(row.key), sources);
+    }
+    return table;
+}
+
+} // namespace
+
+const qz::map<qz::string, cfgShader::Sources>& cfgShader::table() {
+    // Never freed: shared by every engine of the process and immutable.
+    static const qz::map<qz::string, Sources>* table = buildTable();
+    return *table;
+}
+
+const cfgShader::Sources* cfgShader::find(const char* key) {
+    if (!key) return nullptr;
+    auto* node = table().find(qz::string(key));
+    return node ? &node->getValue() : nullptr;
+}

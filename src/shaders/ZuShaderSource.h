@@ -1,0 +1,54 @@
+#pragma once
+
+// The engine's GLSL, compiled into the library. sv_ names are vertex
+// sources, sf_ names fragment sources; cfgShader pairs them under program
+// keys. All text is GLSL ES 1.00, which ES 2 and ES 3 contexts both accept.
+//
+// Attribute names and their locations are fixed for every program (see
+// ZuShaderMgr); the shared uniforms (aMatrixM, aMatrixVP, texcoordClip,
+// aTexture0..) mean the same thing in every source.
+
+// Full-screen passes: camera conversion, copies, output packing.
+extern const char* const sv_screennor;
+extern const char* const sf_screennor;
+extern const char* const sf_rgba;
+extern const char* const sf_bgra;
+extern const char* const sf_defaultBlack;
+extern const char* const sf_yuv2rgb;
+extern const char* const sf_yuv2rgb12;
+extern const char* const sf_yuv2rgb21;
+extern const char* const sf_screennorseparation;
+extern const char* const sf_screennorseparationedge;
+extern const char* const sv_rgb2yuv;
+extern const char* const sf_rgb2yuvnv12;
+extern const char* const sf_rgb2yuvnv21;
+extern const char* const sf_rgb2yuvyv12;
+extern const char* const sf_rgb2yuvi420;
+
+// Plain drawing through the matrices: textured, tinted, flat, picking.
+extern const char* const sv_NormalV2CT1;
+extern const char* const sf_NormalV2CT1;
+extern const char* const sv_normal2d;
+extern const char* const sf_normal;
+extern const char* const sv_normal3d;
+extern const char* const sf_normal3d;
+extern const char* const sv_normalv2;
+extern const char* const sf_normalcolor;
+extern const char* const sv_geometry;
+extern const char* const sf_geometry;
+extern const char* const sv_geometry3d;
+extern const char* const sf_geometry3d;
+extern const char* const sv_colorselect;
+extern const char* const sf_colorselect;
+extern const char* const sv_colorselect3d;
+extern const char* const sv_colorselectspine;
+extern const char* const sf_colorselectspine;
+extern const char* const sv_blend2d;
+extern const char* const sv_blend3d;
+extern const char* const sf_blend;
+extern const char* const sv_realcamera;
+extern const char* const sf_realcamera;
+extern const char* const sv_debugFacePt;
+extern const char* const sf_debugFacePt;
+extern const char* const sv_screencolor;
+extern const char* const sf_screencolor;
