@@ -114,7 +114,8 @@ int main(int argc, char** argv) {
     if (!parseArguments(argc, argv, options)) return 2;
 
     ZuHeadlessContext& gl = ZuHeadlessContext::instance();
-    if (!gl.makeCurrent(3) && !gl.makeCurrent(2)) {
+    bool es3 = gl.makeCurrent(3);
+    if (!es3 && !gl.makeCurrent(2)) {
         fprintf(stderr, "qzhost: no headless GL context: %s\n", gl.error().c_str());
         return 1;
     }
@@ -123,6 +124,12 @@ int main(int argc, char** argv) {
 
     auto* engine = new ZuAppMain();
     engine->init();
+    // As a phone host does: tell the engine which GL it runs on before the start.
+    auto* hostConfig = new ZuConfig(engine);
+    hostConfig->init();
+    hostConfig->glversion = es3 ? 0x30000 : 0x20000;
+    engine->getGlobalMgr()->setConfig(hostConfig);
+    hostConfig->release();
     engine->addRespath(options.assets.c_str());
     engine->initZuBase();
 
