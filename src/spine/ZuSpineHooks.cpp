@@ -5,6 +5,8 @@
 #include "basesys/ZuFileMgr.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "platform/ZuLog.h"
+#include "render/ZuTexMgr.h"
+#include "render/ZuTexture.h"
 #include "spine/spAllocator.h"
 #include "spine/spAtlas.h"
 
@@ -54,15 +56,27 @@ char* readWithFileMgr(ZuAppMain* app, const char* path, int* length) {
     return data;
 }
 
+// The engine's texture cache owns one reference; the page takes its own so
+// the image outlives ageing for as long as the atlas exists. Without an
+// engine (tools, tests of the readers) the page keeps no texture and the
+// size from its "size" line.
 void defaultCreateTexture(void* application, spAtlasPage* page, const char* path) {
-    (void)application;
-    (void)path;
-    // No texture manager here: the page keeps no texture and the size from
-    // its "size" line.
     page->rendererObject = nullptr;
+    ZuAppMain* app = static_cast<ZuAppMain*>(application);
+    ZuGlobalMgr* globalMgr = app ? app->getGlobalMgr() : nullptr;
+    ZuTexMgr* texMgr = globalMgr ? globalMgr->getTexMgr() : nullptr;
+    if (!texMgr || !path) return;
+    ZuTexture* texture = texMgr->getTexture(path, true, false);
+    if (!texture) {
+        QZLOGW("Spine: no texture for atlas page %s", path);
+        return;
+    }
+    texture->retain();
+    page->rendererObject = texture;
 }
 
 void defaultDisposeTexture(spAtlasPage* page) {
+    if (page->rendererObject) static_cast<ZuTexture*>(page->rendererObject)->release();
     page->rendererObject = nullptr;
 }
 

@@ -12,7 +12,8 @@ struct spAtlasPage;
 // the path is opened as given.
 char* _spUtil_readFile(void* application, const char* path, int* length);
 
-// Loads the page image into page->rendererObject. Replaceable below.
+// Loads the page image into page->rendererObject (a retained ZuTexture*).
+// Replaceable below.
 void _spAtlasPage_createTexture(void* application, spAtlasPage* page, const char* path);
 // Releases what _spAtlasPage_createTexture stored in the page.
 void _spAtlasPage_disposeTexture(spAtlasPage* page);
@@ -20,6 +21,7 @@ void _spAtlasPage_disposeTexture(spAtlasPage* page);
 typedef void (*ZuSpineCreateTextureFunc)(void* application, spAtlasPage* page, const char* path);
 typedef void (*ZuSpineDisposeTextureFunc)(spAtlasPage* page);
 
-// Installs the texture functions; null restores the built-in ones, which
-// leave rendererObject null and keep the page size read from the atlas.
+// Installs the texture functions; null restores the built-in ones, which take
+// the image from the engine's texture manager (retained by the page, released
+// on dispose) and leave rendererObject null when there is no engine.
 void ZuSpineHooks_setTextureFuncs(ZuSpineCreateTextureFunc create, ZuSpineDisposeTextureFunc dispose);

@@ -1,8 +1,11 @@
 // The services the engine supplies to the runtime: file reading and the
-// allocation hooks. (Texture hooks are covered with the atlas.)
+// allocation hooks; with an engine, the atlas pages' textures.
 #include "SpineTestSupport.h"
 
 #include "basesys/ZuAppMain.h"
+#include "basesys/ZuGlobalMgr.h"
+#include "render/ZuTexMgr.h"
+#include "render/ZuTexture.h"
 #include "support/LogCapture.h"
 #include "support/TempDir.h"
 
@@ -44,6 +47,7 @@ TEST(SpineHooks, WithAnEngineFilesResolveThroughItsSearchPaths) {
     ZuAppMain* app = new ZuAppMain();
     app->init();
     app->addRespath(dir.path().c_str());
+    app->initZuBase();
 
     // Relative names only exist under the engine's search path.
     int length = 0;
@@ -57,16 +61,29 @@ TEST(SpineHooks, WithAnEngineFilesResolveThroughItsSearchPaths) {
     spAtlas* atlas = spAtlas_createFromFile("pack/hero.atlas", app);
     ASSERT_NE(atlas, nullptr);
     EXPECT_EQ(atlas->rendererObject, app);
+    // The page image comes from the engine's texture cache, held by the page
+    // as well as by the cache, and let go when the atlas goes.
+    ZuTexMgr* texMgr = app->getGlobalMgr()->getTexMgr();
+    ZuTexture* page = static_cast<ZuTexture*>(atlas->pages->rendererObject);
+    ASSERT_NE(page, nullptr);
+    EXPECT_EQ(texMgr->getTexture("pack/hero.png", false), page);
+    EXPECT_GE(page->count(), 2u);
     spSkeletonJson* json = spSkeletonJson_create(atlas);
     spSkeletonData* skeleton = spSkeletonJson_readSkeletonDataFile(json, "pack/hero.json");
     EXPECT_NE(skeleton, nullptr) << (json->error ? json->error : "");
     spSkeletonData_dispose(skeleton);
     spSkeletonJson_dispose(json);
+    uint32_t held = page->count();
+    page->retain();
     spAtlas_dispose(atlas);
+    EXPECT_EQ(page->count(), held);  // the page's reference went, this test's came
+    page->release();
 
     LogCapture quiet;
     EXPECT_EQ(_spUtil_readFile(app, "pack/none.json", &length), nullptr);
     EXPECT_EQ(_spUtil_readFile(nullptr, "pack/hero.json", &length), nullptr);  // not from the working directory
+    app->setState("test", ZU_ENG_STATE_STOPPING);
+    app->destroyZuBase();
     app->destroy();
     app->release();
 }
