@@ -43,6 +43,7 @@ const Row kRows[] = {
     {"realcamera", sv_realcamera, sf_realcamera},
     {"debugFacePt", sv_debugFacePt, sf_debugFacePt},
     {"screencolor", sv_screencolor, sf_screencolor},
+    {"texAni", sv_texAni, sf_texAni},
 };
 
 qz::map<qz::string, cfgShader::Sources>* buildTable() {

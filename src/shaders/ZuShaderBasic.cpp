@@ -194,3 +194,17 @@ void main() {
     gl_FragColor = vec4(0.0, 1.0, 0.0, 1.0);
 }
 )";
+
+// A texture that scrolls: uOffset (kept in 0 to 1 by the material) moves the
+// coordinate, and one wrap brings it back into the image.
+const char* const sv_texAni = QZ_TEXTURED_VERTEX;
+const char* const sf_texAni = QZ_FRAGMENT_PRECISION R"(
+uniform sampler2D aTexture0;
+uniform vec2 uOffset;
+varying vec2 vTexcoord;
+void main() {
+    vec2 coord = vTexcoord + uOffset;
+    coord -= step(1.0, coord);
+    gl_FragColor = texture2D(aTexture0, coord);
+}
+)";

@@ -52,3 +52,5 @@ extern const char* const sv_debugFacePt;
 extern const char* const sf_debugFacePt;
 extern const char* const sv_screencolor;
 extern const char* const sf_screencolor;
+extern const char* const sv_texAni;
+extern const char* const sf_texAni;
