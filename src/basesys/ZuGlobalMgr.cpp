@@ -10,6 +10,7 @@
 #include "render/ZuPboMgr.h"
 #include "render/ZuShaderMgr.h"
 #include "render/ZuTexMgr.h"
+#include "scene/ZuNodeMgr.h"
 
 ZuGlobalMgr::ZuGlobalMgr(ZuAppMain* app) : ZuGBase(app) {
     m_fileMgr = new ZuFileMgr(app);
@@ -85,6 +86,7 @@ void ZuGlobalMgr::init() {
     build(m_fboMgr, "ZuFboMgr");
     build(m_eventMgr, "ZuEventMgr");
     build(m_dataMgr, "ZuDataMgr");
+    build(m_nodeMgr, "ZuNodeMgr");
     build(m_shaderMgr, "ZuShaderMgr");
     build(m_texMgr, "ZuTexMgr");
     build(m_basicSys, "ZuBasicSys");
@@ -93,6 +95,7 @@ void ZuGlobalMgr::init() {
 void ZuGlobalMgr::destroy() {
     // The load thread stops first, so nothing loads during the rest.
     teardown(m_operateMgr, "ZuOperateMgr");
+    teardown(m_nodeMgr, "ZuNodeMgr");
     teardown(m_texMgr, "ZuTexMgr");
     teardown(m_shaderMgr, "ZuShaderMgr");
     releaseOnly(m_pboMgr, "ZuPboMgr");

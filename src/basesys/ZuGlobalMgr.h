@@ -14,6 +14,7 @@ class ZuPboMgr;
 class ZuFboMgr;
 class ZuTexMgr;
 class ZuShaderMgr;
+class ZuNodeMgr;
 
 // Owns every manager of one engine and runs them in a fixed order: start-up
 // in init, shut-down in destroy, and the frame in update. The file manager
@@ -49,6 +50,7 @@ public:
     ZuFboMgr* getFboMgr() const { return m_fboMgr; }
     ZuTexMgr* getTexMgr() const { return m_texMgr; }
     ZuShaderMgr* getShaderMgr() const { return m_shaderMgr; }
+    ZuNodeMgr* getNodeMgr() const { return m_nodeMgr; }
 
     // An integration class may set its own config (or operation manager)
     // before start-up; the global manager then keeps it and takes a reference.
@@ -78,6 +80,7 @@ private:
     ZuFboMgr* m_fboMgr = nullptr;
     ZuTexMgr* m_texMgr = nullptr;
     ZuShaderMgr* m_shaderMgr = nullptr;
+    ZuNodeMgr* m_nodeMgr = nullptr;
 
     LifecycleObserver m_observer;
 };
