@@ -64,6 +64,9 @@ public:
     int adaptmode = 1;             // 1: setCameraDsp updates the adapt scale
     int glversion = 0x20000;       // packed GL version; 0x30000 and up enables ES 3 paths
     bool useDataSwapOnNode = false;
+    // Reads below ES 3 draw first and then read into the node's swap. Only
+    // code sets it: the file's old "usepbo" key is ignored.
+    bool usepbo = false;
     bool screenAnimation = false;
     bool alwaysShowOne = false;
     uint32_t maxAddQueueNum = 0;   // effect queue capacity; only the file sets it

@@ -8,9 +8,11 @@
 #include "operate/ZuOperateMgr.h"
 #include "render/ZuFboMgr.h"
 #include "render/ZuPboMgr.h"
+#include "render/ZuRenderMgr.h"
 #include "render/ZuShaderMgr.h"
 #include "render/ZuTexMgr.h"
 #include "scene/ZuNodeMgr.h"
+#include "scene/ZuSceneMgr.h"
 
 ZuGlobalMgr::ZuGlobalMgr(ZuAppMain* app) : ZuGBase(app) {
     m_fileMgr = new ZuFileMgr(app);
@@ -87,8 +89,10 @@ void ZuGlobalMgr::init() {
     build(m_eventMgr, "ZuEventMgr");
     build(m_dataMgr, "ZuDataMgr");
     build(m_nodeMgr, "ZuNodeMgr");
+    build(m_sceneMgr, "ZuSceneMgr");
     build(m_shaderMgr, "ZuShaderMgr");
     build(m_texMgr, "ZuTexMgr");
+    build(m_renderMgr, "ZuRenderMgr");
     build(m_basicSys, "ZuBasicSys");
 }
 
@@ -96,6 +100,8 @@ void ZuGlobalMgr::destroy() {
     // The load thread stops first, so nothing loads during the rest.
     teardown(m_operateMgr, "ZuOperateMgr");
     teardown(m_nodeMgr, "ZuNodeMgr");
+    teardown(m_sceneMgr, "ZuSceneMgr");
+    teardown(m_renderMgr, "ZuRenderMgr");
     teardown(m_texMgr, "ZuTexMgr");
     teardown(m_shaderMgr, "ZuShaderMgr");
     releaseOnly(m_pboMgr, "ZuPboMgr");
@@ -110,10 +116,11 @@ void ZuGlobalMgr::update(float delta) {
     if (m_operateMgr) m_operateMgr->update(delta);
     if (m_dataMgr) m_dataMgr->update(delta);
     if (m_eventMgr) m_eventMgr->update(delta);
+    if (m_sceneMgr) m_sceneMgr->update(delta);
     if (m_texMgr) m_texMgr->removeUnuseTexture();
     if (m_fboMgr) m_fboMgr->update(delta);
 }
 
 void ZuGlobalMgr::renderScene(const char* sceneName) {
-    // Render scenes replay here once the render manager is part of the engine.
+    if (m_renderMgr) m_renderMgr->renderScene(sceneName ? sceneName : "");
 }

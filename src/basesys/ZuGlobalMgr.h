@@ -15,6 +15,8 @@ class ZuFboMgr;
 class ZuTexMgr;
 class ZuShaderMgr;
 class ZuNodeMgr;
+class ZuRenderMgr;
+class ZuSceneMgr;
 
 // Owns every manager of one engine and runs them in a fixed order: start-up
 // in init, shut-down in destroy, and the frame in update. The file manager
@@ -51,6 +53,8 @@ public:
     ZuTexMgr* getTexMgr() const { return m_texMgr; }
     ZuShaderMgr* getShaderMgr() const { return m_shaderMgr; }
     ZuNodeMgr* getNodeMgr() const { return m_nodeMgr; }
+    ZuRenderMgr* getRenderMgr() const { return m_renderMgr; }
+    ZuSceneMgr* getSceneMgr() const { return m_sceneMgr; }
 
     // An integration class may set its own config (or operation manager)
     // before start-up; the global manager then keeps it and takes a reference.
@@ -81,6 +85,8 @@ private:
     ZuTexMgr* m_texMgr = nullptr;
     ZuShaderMgr* m_shaderMgr = nullptr;
     ZuNodeMgr* m_nodeMgr = nullptr;
+    ZuRenderMgr* m_renderMgr = nullptr;
+    ZuSceneMgr* m_sceneMgr = nullptr;
 
     LifecycleObserver m_observer;
 };

@@ -1,0 +1,21 @@
+#include "render/ZuFboBeginRenderObject.h"
+
+#include "render/ZuFboObject.h"
+#include "render/ZuRenderCmdFboBind.h"
+#include "render/ZuRenderScene.h"
+
+ZuFboBeginRenderObject::~ZuFboBeginRenderObject() { qzSafeRelease(fbo); }
+
+void ZuFboBeginRenderObject::setFbo(ZuFboObject* target) {
+    if (target == fbo) return;
+    if (target) target->retain();
+    qzSafeRelease(fbo);
+    fbo = target;
+}
+
+void ZuFboBeginRenderObject::pushCmd(ZuRenderScene* scene, int stream, const char* label) {
+    if (!scene) return;
+    ZuRenderCmdFboBind* cmd = new ZuRenderCmdFboBind(fbo, clearsOnBind());
+    cmd->setName(label);
+    scene->pushRenderCmd(stream, cmd);
+}

@@ -1,0 +1,15 @@
+#include "render/ZuMultMeshRenderObject.h"
+
+#include "render/ZuRenderCmdSpe.h"
+#include "render/ZuRenderScene.h"
+
+void ZuMultMeshRenderObject::pushCmd(ZuRenderScene* scene, int stream, const char* label) {
+    if (!scene) return;
+    for (uint32_t i = 0; i < meshes.size(); i++) {
+        ZuRenderCmdSpe* cmd = new ZuRenderCmdSpe();
+        cmd->setMesh(meshes[i]);
+        cmd->setMaterial(material);
+        cmd->setName(label);
+        scene->pushRenderCmd(stream, cmd);
+    }
+}

@@ -1,0 +1,13 @@
+#include "render/ZuPickColorRenderObject.h"
+
+#include "render/ZuRenderCmdPickColor.h"
+#include "render/ZuRenderScene.h"
+
+void ZuPickColorRenderObject::pushCmd(ZuRenderScene* scene, int stream, const char* label) {
+    if (!scene) return;
+    ZuRenderCmdPickColor* cmd = new ZuRenderCmdPickColor(app, x, y, nodeName.c_str());
+    cmd->setName(label);
+    scene->pushRenderCmd(stream, cmd);
+    x = 0;
+    y = 0;
+}
