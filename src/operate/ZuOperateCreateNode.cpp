@@ -1,0 +1,14 @@
+#include "operate/ZuOperateCreateNode.h"
+
+#include "operate/ZuOperateSceneAccess.h"
+#include "scene/ZuNodeCreator.h"
+#include "scene/ZuNodeMgr.h"
+#include "scene/ZuScene.h"
+
+void ZuOperateCreateNode::process(float) {
+    ZuNodeMgr* nodes = zuop::nodeMgr(app);
+    if (!nodes || !nodes->getCreator()) return;
+    ZuNode* node = nodes->getCreator()->createNode(type.c_str(), scene.c_str(), name.c_str());
+    ZuScene* target = zuop::scene(app, scene.c_str());
+    if (node && target) target->addChild(node);
+}

@@ -1,0 +1,15 @@
+#include "operate/ZuOperateFaceBeautify.h"
+
+#include "event/ZuEventMgr.h"
+#include "event/ZuFaceBeautifyEvent.h"
+#include "operate/ZuOperateSceneAccess.h"
+
+void ZuOperateFaceBeautify::process(float) {
+    ZuEventMgr* events = zuop::eventMgr(app);
+    if (!events) return;
+    ZuFaceBeautifyEvent* event = new ZuFaceBeautifyEvent(scene.c_str());
+    event->id = resUID;
+    event->resUID = resUID;
+    event->v0 = value;
+    events->pushEvent(event);
+}

@@ -1,0 +1,17 @@
+#include "operate/ZuSceneVisible.h"
+
+#include "basesys/ZuAppMain.h"
+#include "basesys/ZuGlobalMgr.h"
+#include "operate/ZuOperateSceneAccess.h"
+#include "render/ZuRenderMgr.h"
+#include "render/ZuRenderScene.h"
+#include "scene/ZuScene.h"
+
+void ZuSceneVisible::process(float) { apply(app, name.c_str(), visible); }
+
+void ZuSceneVisible::apply(ZuAppMain* app, const char* name, bool visible) {
+    ZuRenderMgr* renderMgr = app && app->getGlobalMgr() ? app->getGlobalMgr()->getRenderMgr() : nullptr;
+    if (ZuRenderScene* renderScene = renderMgr ? renderMgr->getRenderScene(name) : nullptr)
+        renderScene->setVisible(visible);
+    if (ZuScene* scene = zuop::scene(app, name)) scene->setVisible(visible);
+}
