@@ -250,6 +250,7 @@ public:
             root = left;
             if (left) left->parent = nullptr;
         }
+        if (root) root->red = false;
         delete node;
         --count;
         return true;
@@ -281,7 +282,13 @@ private:
     void rebalanceAfterInsert(RBTree* node) {
         while (!node->isRoot() && node->parent->isRed()) {
             RBTree* parent = node->parent;
-            RBTree* grand = parent->parent;  // a red parent is never the root
+            RBTree* grand = parent->parent;
+            // Removal does not recolour, so a red node can end up as the root:
+            // with no grandparent, blackening the parent repairs the pair.
+            if (!grand) {
+                parent->red = false;
+                break;
+            }
             if (parent->isLeftChild()) {
                 RBTree* uncle = grand->right;
                 if (uncle && uncle->isRed()) {

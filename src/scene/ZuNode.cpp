@@ -2,11 +2,14 @@
 
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
+#include "basesys/ZuGlobalParam.h"
 #include "data/ZuDataMgr.h"
 #include "event/ZuEventMgr.h"
 #include "render/ZuRenderObject.h"
 #include "scene/NodeIDPoolMgr.h"
 #include "scene/ZuActionBase.h"
+#include "scene/ZuScene.h"
+#include "scene/ZuSceneMgr.h"
 #include "scene/ZuVisitorBase.h"
 
 namespace {
@@ -39,6 +42,20 @@ void ZuNode::zudestroy() {
     unlistenEvent();
     removeFromParent();
     clearChild();
+}
+
+ZuScene* ZuNode::getActiveScene() const {
+    return app && app->getGlobalParam() ? app->getGlobalParam()->activeScene : nullptr;
+}
+
+ZuRenderScene* ZuNode::getActiveRenderScene() const {
+    ZuScene* scene = getActiveScene();
+    return scene ? scene->getRenderScene() : nullptr;
+}
+
+ZuScene* ZuNode::getScene() const {
+    ZuSceneMgr* scenes = app && app->getGlobalMgr() ? app->getGlobalMgr()->getSceneMgr() : nullptr;
+    return scenes ? scenes->getScene(m_sceneName.c_str()) : nullptr;
 }
 
 void ZuNode::setRenderObject(ZuRenderObject* object) {

@@ -9,6 +9,8 @@
 
 class ZuActionBase;
 class ZuRenderObject;
+class ZuRenderScene;
+class ZuScene;
 class ZuVisitorBase;
 
 // Stream numbers of the render back end; a node records into one of them.
@@ -112,6 +114,12 @@ protected:
     // Subclass constructors name their class here.
     void setType(const char* type) { m_type = type; }
     void setReady(bool value) { m_ready = value; }
+    // The scene whose frame walk runs now, and the render scene it records
+    // into; null outside a walk.
+    ZuScene* getActiveScene() const;
+    ZuRenderScene* getActiveRenderScene() const;
+    // The scene of this node's scene name, if it exists.
+    ZuScene* getScene() const;
     void setRenderObject(ZuRenderObject* object);
     void setSelectRenderObject(ZuRenderObject* object);
     ZuRenderObject* getRenderObject() const { return m_renderObject; }

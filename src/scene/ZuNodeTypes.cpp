@@ -1,5 +1,11 @@
 #include "scene/ZuNodeTypes.h"
 
+#include "node/ZuBackGroundExtTextureNode.h"
+#include "node/ZuBackGroundNode.h"
+#include "node/ZuBgRenderNode.h"
+#include "node/ZuInputFboRenderNode.h"
+#include "node/ZuSeparationBackgroundExtTextureNode.h"
+#include "node/ZuSeparationBackgroundNode.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuScene.h"
 #include "scene/ZuTimeOutNode.h"
@@ -7,4 +13,11 @@
 void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuScene", zuCreateNodeOfType<ZuScene>);
     creator->registCreateFunc("ZuTimeOutNode", zuCreateNodeOfType<ZuTimeOutNode>);
+    creator->registCreateFunc("ZuBackGroundNode", zuCreateNodeOfType<ZuBackGroundNode>);
+    creator->registCreateFunc("ZuBgRenderNode", zuCreateNodeOfType<ZuBgRenderNode>);
+    creator->registCreateFunc("ZuBackGroundExtTextureNode", zuCreateNodeOfType<ZuBackGroundExtTextureNode>);
+    creator->registCreateFunc("ZuSeparationBackgroundNode", zuCreateNodeOfType<ZuSeparationBackgroundNode>);
+    creator->registCreateFunc("ZuSeparationBackgroundExtTextureNode",
+                              zuCreateNodeOfType<ZuSeparationBackgroundExtTextureNode>);
+    creator->registCreateFunc("ZuInputFboRenderNode", zuCreateNodeOfType<ZuInputFboRenderNode>);
 }

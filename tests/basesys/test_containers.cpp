@@ -427,6 +427,21 @@ TEST(QzMap, RandomInsertsAndRemovesMatchStdMap) {
     EXPECT_TRUE(m.empty());
 }
 
+// A removal that lifts a red child to the root must not break later inserts
+// (the pool of named framebuffers does exactly this: remove, then insert).
+TEST(QzMap, InsertAfterTheRootWasRemoved) {
+    for (int extra = 1; extra <= 6; ++extra) {
+        qz::map<int, int> m;
+        m.insert(1, 1);
+        m.insert(2, 2);  // red right child of the root
+        ASSERT_TRUE(m.remove(1));
+        for (int k = 3; k < 3 + extra; ++k) ASSERT_TRUE(m.insert(k, k));
+        EXPECT_FALSE(m.getRoot()->isRed());
+        EXPECT_EQ(m.size(), static_cast<uint32_t>(1 + extra));
+        checkTree(m, false);
+    }
+}
+
 TEST(QzMap, ParentLastIteratorVisitsChildrenFirst) {
     qz::map<int, int> m;
     for (int k : {50, 20, 80, 10, 30, 70, 90, 25, 35, 5}) m.insert(k, k);

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "scene/ZuNode.h"
+
+class ZuMaterial;
+
+// Draws the scene's converted camera image into the scene target (stream 7),
+// turned upright by the camera record's angle.
+class ZuBgRenderNode : public ZuNode {
+public:
+    explicit ZuBgRenderNode(ZuAppMain* app);
+
+    void zuinit() override;
+    void zudestroy() override;
+    void update(float dt) override;
+    void render() override;
+
+protected:
+    // Places the scene's background image on the render object; false when
+    // the scene has no background yet.
+    bool placeBackground();
+
+    ZuMaterial* material = nullptr;
+};
