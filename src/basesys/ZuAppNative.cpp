@@ -8,6 +8,28 @@
 #include "data/ZuCameraImageFormat.h"
 #include "data/ZuDataGenCamera.h"
 #include "data/ZuDataMgr.h"
+#include "event/ZuActionLocation.h"
+#include "event/ZuEventMgr.h"
+#include "event/ZuScaleEvent.h"
+#include "operate/ZuOperateCreateLogicScene.h"
+#include "operate/ZuOperateCreateNode.h"
+#include "operate/ZuOperateCreateOutLogicScene.h"
+#include "operate/ZuOperateCreateOutTexLogicScene.h"
+#include "operate/ZuOperateCreateRenderFbo.h"
+#include "operate/ZuOperateDelEft.h"
+#include "operate/ZuOperateDeleteLogicScene.h"
+#include "operate/ZuOperateFaceBuffingWhite.h"
+#include "operate/ZuOperateIntensity.h"
+#include "operate/ZuOperateMgr.h"
+#include "operate/ZuOperateSaveEft.h"
+#include "operate/ZuOperateSetCameraFormate.h"
+#include "operate/ZuOperateSetCameraTexId.h"
+#include "operate/ZuOperateSetSceneMirror.h"
+#include "operate/ZuOperateSetSeparationCameraFormate.h"
+#include "operate/ZuOperateSetSeparationCameraTexId.h"
+#include "operate/ZuOperateSlimStrength.h"
+#include "operate/ZuSceneVisible.h"
+#include "scene/ZuAdaptObj.h"
 
 #include <cstdio>
 
@@ -55,4 +77,150 @@ void ZuAppNative::pushCameraData(const char* sceneName, const void* data, ZuData
 void ZuAppNative::setAssetsManager(AAssetManager* manager) {
     if (app && app->getGlobalMgr() && app->getGlobalMgr()->getFileMgr())
         app->getGlobalMgr()->getFileMgr()->setAssetsManager(manager);
+}
+
+bool ZuAppNative::canPush() const {
+    return app && app->getState() == ZU_ENG_STATE_RUNNING && app->getGlobalMgr() &&
+           app->getGlobalMgr()->getOperateMgr();
+}
+
+bool ZuAppNative::canPushEffect() const {
+    return app && app->getState() != ZU_ENG_STATE_STOPPING && app->getGlobalMgr() &&
+           app->getGlobalMgr()->getOperateMgr();
+}
+
+void ZuAppNative::push(ZuOperateBase* op) {
+    app->getGlobalMgr()->getOperateMgr()->pushOperate(op);
+    op->release();
+}
+
+void ZuAppNative::createLogicScene(const char* name, int winWidth, int winHeight, int sceneWidth, int sceneHeight) {
+    if (canPush())
+        push(new ZuOperateCreateLogicScene(app, name, winWidth, winHeight, sceneWidth, sceneHeight,
+                                           SCALE_MODE_CENTER));
+}
+
+void ZuAppNative::createLogicSceneFull(const char* name, int winWidth, int winHeight, int sceneWidth,
+                                       int sceneHeight) {
+    if (canPush())
+        push(new ZuOperateCreateLogicScene(app, name, winWidth, winHeight, sceneWidth, sceneHeight, SCALE_MODE_FULL));
+}
+
+void ZuAppNative::createInputFBOLogicScene(const char* name, int winWidth, int winHeight, int sceneWidth,
+                                           int sceneHeight, unsigned fboId) {
+    if (canPush())
+        push(new ZuOperateCreateOutLogicScene(app, name, winWidth, winHeight, sceneWidth, sceneHeight, fboId,
+                                              SCALE_MODE_FULL));
+}
+
+void ZuAppNative::createOutTexLogicScene(const char* name, int winWidth, int winHeight, int sceneWidth,
+                                         int sceneHeight, unsigned textureId) {
+    if (canPush())
+        push(new ZuOperateCreateOutTexLogicScene(app, name, winWidth, winHeight, sceneWidth, sceneHeight, textureId));
+}
+
+void ZuAppNative::destoryLogicScene(const char* name) {
+    if (canPush()) push(new ZuOperateDeleteLogicScene(app, name));
+}
+
+void ZuAppNative::setSceneVisible(const char* name, bool visible) {
+    if (!canPush()) return;
+    push(new ZuSceneVisible(app, name, visible));
+    ZuSceneVisible::apply(app, name, visible);
+}
+
+void ZuAppNative::setSceneMirror(const char* name, bool mirror) {
+    if (canPushEffect()) push(new ZuOperateSetSceneMirror(app, name, mirror));
+}
+
+void ZuAppNative::setCameraMirror(const char* name, bool mirror) {
+    if (!app || app->getState() == ZU_ENG_STATE_STOPPING || !app->getGlobalMgr()) return;
+    if (ZuConfig* config = app->getGlobalMgr()->getConfig()) config->getCamera(name)->mirror = mirror;
+}
+
+void ZuAppNative::createBGNode(const char* name, int hostFormat) {
+    if (canPush()) push(new ZuOperateSetCameraFormate(app, name, hostFormat));
+}
+
+void ZuAppNative::createBGNode(const char* name, int textureId, int pixelFormat, int width, int height) {
+    if (canPush())
+        push(new ZuOperateSetCameraTexId(app, name, textureId, static_cast<PIXELFORMATE>(pixelFormat), width, height));
+}
+
+void ZuAppNative::createSeparationBGNode(const char* name, int hostFormat) {
+    if (canPush()) push(new ZuOperateSetSeparationCameraFormate(app, name, hostFormat));
+}
+
+void ZuAppNative::createSeparationNorBGNode(const char* name, int textureId, int width, int height) {
+    if (canPush()) push(new ZuOperateSetSeparationCameraTexId(app, name, textureId, width, height));
+}
+
+void ZuAppNative::createRenderFboNode(const char* name, int fboId) {
+    if (canPush())
+        push(new ZuOperateCreateRenderFbo(app, name, "ZuInputFboRenderNode", "ZuInputFboRenderNode", fboId));
+}
+
+void ZuAppNative::setCameraParam(const char* name, int, int, int, int hostFormat) {
+    if (canPush()) push(new ZuOperateSetCameraFormate(app, name, hostFormat));
+}
+
+void ZuAppNative::delEffect(const char* name, const char*, int resUID) {
+    if (canPushEffect()) push(new ZuOperateDelEft(app, resUID, name));
+}
+
+void ZuAppNative::delEffectInstenImmediately(const char* name, const char*, int resUID) {
+    if (!canPushEffect()) return;
+    ZuOperateDelEft* op = new ZuOperateDelEft(app, resUID, name);
+    op->process(0.0f);
+    op->release();
+}
+
+void ZuAppNative::saveEffect(const char* name, const char* path, int resUID) {
+    if (canPushEffect()) push(new ZuOperateSaveEft(app, resUID, name, path));
+}
+
+void ZuAppNative::updateIntensity(const char* name, int resUID, float value) {
+    if (canPush()) push(new ZuOperateIntensity(app, name, resUID, value));
+}
+
+void ZuAppNative::updateSlimStrength(const char* name, int resUID, float value) {
+    if (canPush()) push(new ZuOperateSlimStrength(app, name, resUID, value));
+}
+
+void ZuAppNative::updateSlimStrengthValue(const char* name, int resUID, float v0, float v1, float v2, float v3) {
+    // No state test: the host may set strengths before the start.
+    if (app && app->getGlobalMgr() && app->getGlobalMgr()->getOperateMgr())
+        push(new ZuOperateSlimStrength(app, name, resUID, v0, v1, v2, v3));
+}
+
+void ZuAppNative::updateFaceBeautifySmooth(const char* name, int resUID, float value) {
+    updateFaceBeautify(name, resUID, value, value);
+}
+
+void ZuAppNative::updateFaceBeautify(const char* name, int resUID, float smooth, float white) {
+    if (canPush()) push(new ZuOperateFaceBuffingWhite(app, name, resUID, smooth, white));
+}
+
+void ZuAppNative::debugFacePt(const char* name) {
+    if (canPushEffect()) push(new ZuOperateCreateNode(app, "facept", "ZuFacePointNode", name));
+}
+
+void ZuAppNative::setActionLocation(int id, float x, float y) {
+    if (!app || app->getState() != ZU_ENG_STATE_RUNNING || !app->getGlobalMgr()) return;
+    ZuEventMgr* events = app->getGlobalMgr()->getEventMgr();
+    if (!events) return;
+    ZuActionLocation* event = new ZuActionLocation("");
+    event->resUID = id;
+    event->x = x;
+    event->y = y;
+    events->pushEvent(event);
+}
+
+void ZuAppNative::setScale(const char* name, int id, float value) {
+    ZuEventMgr* events = app && app->getGlobalMgr() ? app->getGlobalMgr()->getEventMgr() : nullptr;
+    if (!events) return;
+    ZuScaleEvent* event = new ZuScaleEvent(name ? name : "");
+    event->id = id;
+    event->value = value;
+    events->pushEvent(event);
 }

@@ -29,9 +29,57 @@ public:
     void pushCameraData(const char* sceneName, const void* data, int length);
     void pushCameraData(const char* sceneName, const void* data, ZuDataSwap* swap);
 
+    // Scenes. Each pushes an operation that runs in a later frame.
+    void createLogicScene(const char* name, int winWidth, int winHeight, int sceneWidth, int sceneHeight);
+    // As createLogicScene, stretched to the window.
+    void createLogicSceneFull(const char* name, int winWidth, int winHeight, int sceneWidth, int sceneHeight);
+    void createInputFBOLogicScene(const char* name, int winWidth, int winHeight, int sceneWidth, int sceneHeight,
+                                  unsigned fboId);
+    void createOutTexLogicScene(const char* name, int winWidth, int winHeight, int sceneWidth, int sceneHeight,
+                                unsigned textureId);
+    void destoryLogicScene(const char* name);
+    // Also hides or shows at once, so that a hidden scene stops drawing even
+    // before the next frame.
+    void setSceneVisible(const char* name, bool visible);
+    void setSceneMirror(const char* name, bool mirror);
+    // At once: the mirror flag of the scene's camera record.
+    void setCameraMirror(const char* name, bool mirror);
+
+    // Camera backgrounds. hostFormat: 0 NV21, 1 NV12, 2 YV12, 3 I420, 4 RGBA, 5 BGRA.
+    void createBGNode(const char* name, int hostFormat);
+    void createBGNode(const char* name, int textureId, int pixelFormat, int width, int height);
+    void createSeparationBGNode(const char* name, int hostFormat);
+    void createSeparationNorBGNode(const char* name, int textureId, int width, int height);
+    void createRenderFboNode(const char* name, int fboId);
+    // The three numbers take no part: the scene's camera record has the size.
+    void setCameraParam(const char* name, int, int, int, int hostFormat);
+
+    // Effects and dials.
+    void delEffect(const char* name, const char* path, int resUID);
+    // Runs on the calling thread before it returns: call it on the render thread.
+    void delEffectInstenImmediately(const char* name, const char* path, int resUID);
+    void saveEffect(const char* name, const char* path, int resUID);
+    void updateIntensity(const char* name, int resUID, float value);
+    void updateSlimStrength(const char* name, int resUID, float value);
+    void updateSlimStrengthValue(const char* name, int resUID, float v0, float v1, float v2, float v3);
+    void updateFaceBeautifySmooth(const char* name, int resUID, float value);
+    void updateFaceBeautify(const char* name, int resUID, float smooth, float white);
+    void debugFacePt(const char* name);
+
+    // Events for effect nodes.
+    void setActionLocation(int id, float x, float y);
+    void setScale(const char* name, int id, float value);
+
     void setAssetsManager(AAssetManager* manager);
 
 protected:
+    // Guard of most pushes: running, with an operation manager.
+    bool canPush() const;
+    // Guard of the effect methods: not stopping, with an operation manager.
+    bool canPushEffect() const;
+    // Pushes to the frame queue and lets go of the creator's reference.
+    void push(class ZuOperateBase* op);
+
     // Frame bytes for the scene, or -1 when the engine is not serving frames.
     int frameSizeFor(const char* sceneName, int* width, int* height, int* format) const;
 
