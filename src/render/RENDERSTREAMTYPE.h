@@ -2,7 +2,11 @@
 
 // The numbered streams of a render scene. Replay runs them in ascending
 // number, which is what orders the passes of a frame; a number without a
-// name is valid and stays empty. (ZuNode.h declares the same type as int.)
+// name is valid and stays empty. Stream numbers travel as plain ints (a
+// node's render order is one), so the type is int; redeclaring the same
+// typedef elsewhere is harmless.
+typedef int RENDERSTREAMTYPE;
+
 enum : int {
     RS_GEN_BACKGROUND = 1,  // camera planes converted into the background target
     RS_SELECT_BEGIN = 2,    // colour-pick pass

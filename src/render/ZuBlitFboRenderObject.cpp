@@ -1,5 +1,7 @@
 #include "render/ZuBlitFboRenderObject.h"
 
+#include "platform/ZuLog.h"
+#include "render/ZuFboObject.h"
 #include "render/ZuRenderCmdFboBlit.h"
 #include "render/ZuRenderScene.h"
 
@@ -15,8 +17,12 @@ void ZuBlitFboRenderObject::setNames(const char* srcName, const char* destName) 
     destFboName = destName ? destName : "";
 }
 
-void ZuBlitFboRenderObject::pushCmd(ZuRenderScene* scene, int stream, const char* label) {
+void ZuBlitFboRenderObject::pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) {
     if (!scene) return;
+    if (!ZuFboObject::isGles3(app)) {
+        QZLOGW("blit \"%s\" refused: framebuffer blits need GL ES 3", label ? label : "");
+        return;
+    }
     ZuRenderCmdFboBlit* cmd = new ZuRenderCmdFboBlit(destFbo, srcFbo, width, height);
     cmd->setName(label);
     scene->pushRenderCmd(stream, cmd);

@@ -6,11 +6,11 @@
 class ZuFboObject;
 
 // Copies one framebuffer into another by blit (ES 3), e.g. to resolve a
-// multisampled target.
+// multisampled target. Below ES 3 it records nothing and says so.
 class ZuBlitFboRenderObject : public ZuRenderObject {
 public:
     explicit ZuBlitFboRenderObject(ZuAppMain* app) : ZuRenderObject(app) {}
-    void pushCmd(ZuRenderScene* scene, int stream, const char* label) override;
+    void pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) override;
     void setBlitFboObject(ZuFboObject* src, ZuFboObject* dest, int blitWidth, int blitHeight);
     void setNames(const char* srcName, const char* destName);
 

@@ -13,7 +13,7 @@ void ZuFboBeginRenderObject::setFbo(ZuFboObject* target) {
     fbo = target;
 }
 
-void ZuFboBeginRenderObject::pushCmd(ZuRenderScene* scene, int stream, const char* label) {
+void ZuFboBeginRenderObject::pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) {
     if (!scene) return;
     ZuRenderCmdFboBind* cmd = new ZuRenderCmdFboBind(fbo, clearsOnBind());
     cmd->setName(label);

@@ -10,7 +10,7 @@ class ZuFboBeginRenderObject : public ZuRenderObject {
 public:
     explicit ZuFboBeginRenderObject(ZuAppMain* app) : ZuRenderObject(app) {}
     ~ZuFboBeginRenderObject() override;
-    void pushCmd(ZuRenderScene* scene, int stream, const char* label) override;
+    void pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) override;
 
     // Held with a reference so that the target outlives its owner's last frame.
     void setFbo(ZuFboObject* target);

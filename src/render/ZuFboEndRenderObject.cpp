@@ -3,7 +3,7 @@
 #include "render/ZuRenderCmdFboUnbind.h"
 #include "render/ZuRenderScene.h"
 
-void ZuFboEndRenderObject::pushCmd(ZuRenderScene* scene, int stream, const char* label) {
+void ZuFboEndRenderObject::pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) {
     if (!scene) return;
     ZuRenderCmdFboUnbind* cmd = new ZuRenderCmdFboUnbind(clear);
     cmd->setName(label);

@@ -7,7 +7,7 @@
 class ZuFboEndRenderObject : public ZuRenderObject {
 public:
     explicit ZuFboEndRenderObject(ZuAppMain* app) : ZuRenderObject(app) {}
-    void pushCmd(ZuRenderScene* scene, int stream, const char* label) override;
+    void pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) override;
     void setClear(bool value) { clear = value; }
     bool getClear() const { return clear; }
 

@@ -3,7 +3,7 @@
 #include "render/ZuRenderCmdFboSwap.h"
 #include "render/ZuRenderScene.h"
 
-void ZuFboSwapRenderObject::pushCmd(ZuRenderScene* scene, int stream, const char* label) {
+void ZuFboSwapRenderObject::pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) {
     if (!scene) return;
     ZuRenderCmdFboSwap* cmd = new ZuRenderCmdFboSwap();
     cmd->setName(label);

@@ -6,5 +6,5 @@
 class ZuFboSwapRenderObject : public ZuRenderObject {
 public:
     explicit ZuFboSwapRenderObject(ZuAppMain* app) : ZuRenderObject(app) {}
-    void pushCmd(ZuRenderScene* scene, int stream, const char* label) override;
+    void pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) override;
 };

@@ -3,7 +3,7 @@
 #include "render/ZuRenderCmdNor.h"
 #include "render/ZuRenderScene.h"
 
-void ZuMultMaterialRenderObject::pushCmd(ZuRenderScene* scene, int stream, const char* label) {
+void ZuMultMaterialRenderObject::pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) {
     if (!scene) return;
     for (uint32_t i = 0; i < materials.size(); i++) {
         ZuRenderCmdNor* cmd = new ZuRenderCmdNor(mesh, materials[i]);

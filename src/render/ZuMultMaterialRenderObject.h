@@ -7,7 +7,7 @@
 class ZuMultMaterialRenderObject : public ZuRenderObject {
 public:
     explicit ZuMultMaterialRenderObject(ZuAppMain* app) : ZuRenderObject(app) {}
-    void pushCmd(ZuRenderScene* scene, int stream, const char* label) override;
+    void pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) override;
     void pushMaterial(ZuMaterial* value) { materials.push_back(value); }
     void clearMaterials() { materials.clear(); }
 

@@ -13,7 +13,7 @@ void ZuMultMeshMatRenderObject::clearRenderObj() {
     materials.clear();
 }
 
-void ZuMultMeshMatRenderObject::pushCmd(ZuRenderScene* scene, int stream, const char* label) {
+void ZuMultMeshMatRenderObject::pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) {
     if (!scene) return;
     for (uint32_t i = 0; i < meshes.size(); i++) {
         // A mesh without a material of its own makes a command that draws nothing.

@@ -7,7 +7,7 @@
 class ZuMultMeshMatRenderObject : public ZuRenderObject {
 public:
     explicit ZuMultMeshMatRenderObject(ZuAppMain* app) : ZuRenderObject(app) {}
-    void pushCmd(ZuRenderScene* scene, int stream, const char* label) override;
+    void pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) override;
     void addRenderObj(ZuRenderMesh* pairMesh, ZuMaterial* pairMaterial);
     void clearRenderObj();
 

@@ -3,7 +3,7 @@
 #include "render/ZuRenderCmdSpe.h"
 #include "render/ZuRenderScene.h"
 
-void ZuMultMeshRenderObject::pushCmd(ZuRenderScene* scene, int stream, const char* label) {
+void ZuMultMeshRenderObject::pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) {
     if (!scene) return;
     for (uint32_t i = 0; i < meshes.size(); i++) {
         ZuRenderCmdSpe* cmd = new ZuRenderCmdSpe();

@@ -8,7 +8,7 @@
 class ZuMultMeshRenderObject : public ZuRenderObject {
 public:
     explicit ZuMultMeshRenderObject(ZuAppMain* app) : ZuRenderObject(app) {}
-    void pushCmd(ZuRenderScene* scene, int stream, const char* label) override;
+    void pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) override;
     void addMesh(ZuRenderMesh* value) { meshes.push_back(value); }
     void clearMeshes() { meshes.clear(); }
     // Kept for callers of the older interface; does nothing.

@@ -3,7 +3,7 @@
 #include "render/ZuRenderCmdPickColor.h"
 #include "render/ZuRenderScene.h"
 
-void ZuPickColorRenderObject::pushCmd(ZuRenderScene* scene, int stream, const char* label) {
+void ZuPickColorRenderObject::pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) {
     if (!scene) return;
     ZuRenderCmdPickColor* cmd = new ZuRenderCmdPickColor(app, x, y, nodeName.c_str());
     cmd->setName(label);

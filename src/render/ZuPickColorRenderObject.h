@@ -7,7 +7,7 @@
 class ZuPickColorRenderObject : public ZuRenderObject {
 public:
     explicit ZuPickColorRenderObject(ZuAppMain* app) : ZuRenderObject(app) {}
-    void pushCmd(ZuRenderScene* scene, int stream, const char* label) override;
+    void pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) override;
     void setPoint(int px, int py) { x = px; y = py; }
     void setNodeName(const char* name) { nodeName = name ? name : ""; }
 

@@ -10,7 +10,7 @@ void ZuReadPixelRenderObjDataOut::setParam(const char* name, int outWidth, int o
     format = outFormat;
 }
 
-void ZuReadPixelRenderObjDataOut::pushCmd(ZuRenderScene* scene, int stream, const char* label) {
+void ZuReadPixelRenderObjDataOut::pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) {
     if (!scene) return;
     ZuRenderCmdReadPixelOutCache* cmd = new ZuRenderCmdReadPixelOutCache(app, cache, format, width, height);
     cmd->setMesh(mesh);

@@ -12,7 +12,7 @@ class ZuDataSwapCache;
 class ZuReadPixelRenderObjDataOut : public ZuRenderObject {
 public:
     explicit ZuReadPixelRenderObjDataOut(ZuAppMain* app) : ZuRenderObject(app) {}
-    void pushCmd(ZuRenderScene* scene, int stream, const char* label) override;
+    void pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) override;
     void setParam(const char* name, int outWidth, int outHeight, int outFormat);
     void setCache(ZuDataSwapCache* ring) { cache = ring; }
 

@@ -67,7 +67,7 @@ void ZuReadPixelRenderObject::setDataSwap(ZuDataSwap* swap) {
     dataSwap = swap;
 }
 
-void ZuReadPixelRenderObject::pushCmd(ZuRenderScene* scene, int stream, const char* label) {
+void ZuReadPixelRenderObject::pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) {
     if (!scene) return;
     ZuRenderCmdReadPixel* cmd = nullptr;
     if (isGles3()) {

@@ -16,7 +16,7 @@ public:
     // Gives the pixel buffers back to their manager.
     ~ZuReadPixelRenderObject() override;
 
-    void pushCmd(ZuRenderScene* scene, int stream, const char* label) override;
+    void pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) override;
 
     // Also makes the two pixel buffers on ES 3 (once).
     void setParam(int outWidth, int outHeight, int outFormat);

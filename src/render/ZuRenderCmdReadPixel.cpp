@@ -15,6 +15,7 @@ ZuRenderCmdReadPixel::ZuRenderCmdReadPixel(ZuAppMain* app, const char* sceneName
 ZuRenderCmdReadPixel::~ZuRenderCmdReadPixel() { qzSafeRelease(dataSwap); }
 
 int ZuRenderCmdReadPixel::readRows(int format, int height) {
+    if (height <= 0) return 0;
     if (zuIsPackedRgbFormat(format)) return height;
     if (format == OST_NV12 || format == OST_NV21 || format == OST_YV12 || format == OST_I420)
         return zuYuvReadRows(height);

@@ -27,7 +27,8 @@ void ZuRenderCmdReadPixelPicupData::render() {
         for (int i = 0; i < kPoints; i++) {
             float point[2];
             memcpy(point, pointSwap->getData() + i * 2 * sizeof(float), sizeof point);
-            if (!std::isfinite(point[0]) || !std::isfinite(point[1])) continue;
+            // Points no int can hold are skipped (their cast would be undefined).
+            if (!(std::fabs(point[0]) < 1e9f) || !(std::fabs(point[1]) < 1e9f)) continue;
             glReadPixels(static_cast<int>(point[0]), static_cast<int>(point[1]), 1, 1, GL_RGBA, GL_UNSIGNED_BYTE,
                          pixelSwap->getData() + 4 * i);
         }

@@ -3,7 +3,7 @@
 #include "render/ZuRenderCmdNor.h"
 #include "render/ZuRenderScene.h"
 
-void ZuRenderObject::pushCmd(ZuRenderScene* scene, int stream, const char* label) {
+void ZuRenderObject::pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) {
     if (!scene) return;
     ZuRenderCmdNor* cmd = new ZuRenderCmdNor(mesh, material);
     cmd->setName(label);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "basesys/ZuGBase.h"
+#include "render/RENDERSTREAMTYPE.h"
 
 class ZuMaterial;
 class ZuRenderMesh;
@@ -14,7 +15,7 @@ class ZuRenderObject : public ZuGBase {
 public:
     explicit ZuRenderObject(ZuAppMain* app) : ZuGBase(app) {}
 
-    virtual void pushCmd(ZuRenderScene* scene, int stream, const char* label);
+    virtual void pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label);
 
     void setMesh(ZuRenderMesh* value) { mesh = value; }
     void setMaterial(ZuMaterial* value) { material = value; }

@@ -3,7 +3,7 @@
 #include "render/ZuRenderCmdReadPixelPicupData.h"
 #include "render/ZuRenderScene.h"
 
-void ZuRenderPickReadDataObject::pushCmd(ZuRenderScene* scene, int stream, const char* label) {
+void ZuRenderPickReadDataObject::pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) {
     if (!scene) return;
     ZuRenderCmdReadPixelPicupData* cmd = new ZuRenderCmdReadPixelPicupData(pixelSwap, pointSwap);
     cmd->setMesh(mesh);

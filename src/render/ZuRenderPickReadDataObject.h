@@ -8,7 +8,7 @@ class ZuDataSwap;
 class ZuRenderPickReadDataObject : public ZuRenderObject {
 public:
     explicit ZuRenderPickReadDataObject(ZuAppMain* app) : ZuRenderObject(app) {}
-    void pushCmd(ZuRenderScene* scene, int stream, const char* label) override;
+    void pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) override;
     void setSwaps(ZuDataSwap* pixels, ZuDataSwap* points) {
         pixelSwap = pixels;
         pointSwap = points;

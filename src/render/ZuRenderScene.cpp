@@ -1,5 +1,6 @@
 #include "render/ZuRenderScene.h"
 
+#include "platform/ZuLog.h"
 #include "render/ZuRenderCmd.h"
 #include "render/ZuRenderStream.h"
 
@@ -40,9 +41,11 @@ int ZuRenderScene::pendingCount() const {
     return total;
 }
 
-void ZuRenderScene::pushRenderCmd(int stream, ZuRenderCmd* cmd) {
+void ZuRenderScene::pushRenderCmd(RENDERSTREAMTYPE stream, ZuRenderCmd* cmd) {
     if (!cmd) return;
     if (stream < 0 || stream >= RS_STREAM_COUNT) {
+        QZLOGW("render scene %s: command \"%s\" for stream %d refused (streams are 0 to %d)", name.c_str(),
+               cmd->getName().c_str(), stream, RS_STREAM_COUNT - 1);
         cmd->release();
         return;
     }

@@ -20,7 +20,7 @@ public:
 
     // Stores itself in the command and appends it; a stream number outside
     // 0 to 29 releases the command unplayed.
-    void pushRenderCmd(int stream, ZuRenderCmd* cmd);
+    void pushRenderCmd(RENDERSTREAMTYPE stream, ZuRenderCmd* cmd);
     // Replays and empties every stream. A hidden scene only empties them:
     // nothing is drawn or cleared for it.
     void direct_render();
