@@ -8,11 +8,18 @@
 #include "data/ZuCameraImageFormat.h"
 #include "data/ZuDataGenCamera.h"
 #include "data/ZuDataMgr.h"
+#include "data/ZuDataSwap.h"
 #include "event/ZuActionLocation.h"
 #include "event/ZuEventMgr.h"
 #include "event/ZuScaleEvent.h"
 #include "operate/ZuOperateCreateLogicScene.h"
+#include "node/ZuDataOutputTexNode.h"
+#include "node/ZuDataTransNode.h"
 #include "operate/ZuOperateCreateNode.h"
+#include "operate/ZuOperateCreateOutSteam.h"
+#include "operate/ZuOperateCreateOutSteamDataSwap.h"
+#include "operate/ZuOperateCreateOutputTexNode.h"
+#include "operate/ZuOperateCreateOutputTexScaleNode.h"
 #include "operate/ZuOperateCreateOutLogicScene.h"
 #include "operate/ZuOperateCreateOutTexLogicScene.h"
 #include "operate/ZuOperateCreateRenderFbo.h"
@@ -30,6 +37,7 @@
 #include "operate/ZuOperateSlimStrength.h"
 #include "operate/ZuSceneVisible.h"
 #include "scene/ZuAdaptObj.h"
+#include "scene/ZuNodeMgr.h"
 
 #include <cstdio>
 
@@ -223,4 +231,90 @@ void ZuAppNative::setScale(const char* name, int id, float value) {
     event->id = id;
     event->value = value;
     events->pushEvent(event);
+}
+
+ZuDataTransNode* ZuAppNative::transNode(const char* nodeName, bool needRunning) const {
+    if (!app || !nodeName || !app->getGlobalMgr()) return nullptr;
+    if (needRunning && app->getState() != ZU_ENG_STATE_RUNNING) return nullptr;
+    ZuNodeMgr* nodes = app->getGlobalMgr()->getNodeMgr();
+    return nodes ? dynamic_cast<ZuDataTransNode*>(nodes->getNode(nodeName)) : nullptr;
+}
+
+static qz::string dataOutName(const char* name) {
+    qz::string node(name ? name : "");
+    node += "_dataout";
+    return node;
+}
+
+// Reads only a frame that has arrived, and exactly the swap's size.
+static void fetchFrom(ZuDataTransNode* node, void* target) {
+    ZuDataSwap* swap = node ? node->getOutDataSwap() : nullptr;
+    if (!swap || !target || !swap->isWrite()) return;
+    int size = swap->getSize();
+    swap->fetchData(target, &size);
+}
+
+void ZuAppNative::fetchRenderData(const char* name, void* target) {
+    fetchFrom(transNode(dataOutName(name).c_str(), true), target);
+}
+
+void ZuAppNative::fetchRenderData(const char* name, void*, ZuDataSwap* swap) {
+    if (ZuDataTransNode* node = transNode(dataOutName(name).c_str(), true)) node->setShareSwap(swap);
+}
+
+void ZuAppNative::fetchRenderDataOnTransNode(const char*, const char* nodeName, void* target) {
+    fetchFrom(transNode(nodeName, false), target);
+}
+
+void ZuAppNative::openOutRenderData(const char* name) {
+    if (ZuDataTransNode* node = transNode(dataOutName(name).c_str(), true)) node->setintercept(false);
+}
+
+void ZuAppNative::closeOutRenderData(const char* name) {
+    if (ZuDataTransNode* node = transNode(dataOutName(name).c_str(), true)) node->setintercept(true);
+}
+
+void ZuAppNative::setOutSteamInterceptState(const char* nodeName, bool intercept) {
+    if (ZuDataTransNode* node = transNode(nodeName, false)) node->setintercept(intercept);
+}
+
+void ZuAppNative::setOutSteamFormate(const char* name, int type, bool mirror, bool invert) {
+    if (canPush()) push(new ZuOperateCreateOutSteam(app, name, static_cast<OUTSTEAMTYPE>(type), mirror, invert));
+}
+
+void ZuAppNative::setOutSteamFormateOnTransNode(const char* name, const char* nodeName, int type, bool mirror,
+                                                bool invert) {
+    if (canPush())
+        push(new ZuOperateCreateOutSteamDataSwap(app, name, nodeName, static_cast<OUTSTEAMTYPE>(type), mirror,
+                                                 invert));
+}
+
+void ZuAppNative::setOutSteamFormateOnTransNode(const char* name, const char* nodeName, int type, bool mirror,
+                                                int width, int height, bool invert) {
+    if (canPush())
+        push(new ZuOperateCreateOutSteamDataSwap(app, name, nodeName, static_cast<OUTSTEAMTYPE>(type), mirror,
+                                                 invert, width, height, true));
+}
+
+void ZuAppNative::createOutputTextureNode(const char* name, const char* nodeName, unsigned textureId,
+                                          int pixelFormat, bool mirror, bool invert) {
+    if (canPush())
+        push(new ZuOperateCreateOutputTexNode(app, name, nodeName, textureId, static_cast<PIXELFORMATE>(pixelFormat),
+                                              mirror, invert));
+}
+
+void ZuAppNative::createOutputTextureScaleNode(const char* name, const char* nodeName, int pixelFormat, bool mirror,
+                                               bool invert, int width, int height) {
+    if (canPush())
+        push(new ZuOperateCreateOutputTexScaleNode(app, name, nodeName, static_cast<PIXELFORMATE>(pixelFormat),
+                                                   mirror, invert, width, height));
+}
+
+void ZuAppNative::setOutData(const char* nodeName, bool mirror, bool invert) {
+    ZuNodeMgr* nodes = app && app->getGlobalMgr() ? app->getGlobalMgr()->getNodeMgr() : nullptr;
+    // Checked, unlike the name alone: a node of another class is left alone.
+    ZuDataOutputTexNode* node = nodes ? dynamic_cast<ZuDataOutputTexNode*>(nodes->getNode(nodeName)) : nullptr;
+    if (!node) return;
+    node->setOutMirror(mirror);
+    node->setOutInvert(invert);
 }

@@ -54,6 +54,30 @@ public:
     // The three numbers take no part: the scene's camera record has the size.
     void setCameraParam(const char* name, int, int, int, int hostFormat);
 
+    // Finished frames out. The scene's output node is name + "_dataout".
+    // Copies the last frame read back into target (sized for the node's
+    // format); nothing when no frame has arrived yet.
+    void fetchRenderData(const char* name, void* target);
+    // From now on the node reads back into the host's swap.
+    void fetchRenderData(const char* name, void* target, ZuDataSwap* swap);
+    void fetchRenderDataOnTransNode(const char* name, const char* nodeName, void* target);
+    void openOutRenderData(const char* name);
+    void closeOutRenderData(const char* name);
+    void setOutSteamInterceptState(const char* nodeName, bool intercept);
+    // type: 0 NV12, 1 RGBA, 2 NV21, 3 YV12, 4 I420, 5 BGRA. mirror true keeps
+    // the picture as the scene shows it; invert turns it upside down.
+    void setOutSteamFormate(const char* name, int type, bool mirror, bool invert);
+    void setOutSteamFormateOnTransNode(const char* name, const char* nodeName, int type, bool mirror, bool invert);
+    // With an own size; the node starts intercepted (open it to get frames).
+    void setOutSteamFormateOnTransNode(const char* name, const char* nodeName, int type, bool mirror, int width,
+                                       int height, bool invert);
+    void createOutputTextureNode(const char* name, const char* nodeName, unsigned textureId, int pixelFormat,
+                                 bool mirror, bool invert);
+    void createOutputTextureScaleNode(const char* name, const char* nodeName, int pixelFormat, bool mirror,
+                                      bool invert, int width, int height);
+    // At once, on an output texture node of that name.
+    void setOutData(const char* nodeName, bool mirror, bool invert);
+
     // Effects and dials.
     void delEffect(const char* name, const char* path, int resUID);
     // Runs on the calling thread before it returns: call it on the render thread.
@@ -77,6 +101,8 @@ protected:
     bool canPush() const;
     // Guard of the effect methods: not stopping, with an operation manager.
     bool canPushEffect() const;
+    // The output node of that name, when the engine serves nodes.
+    class ZuDataTransNode* transNode(const char* nodeName, bool needRunning) const;
     // Pushes to the frame queue and lets go of the creator's reference.
     void push(class ZuOperateBase* op);
 

@@ -81,7 +81,7 @@ void BGTexture::createTexture(ZuAppMain* app, BGType newType, int uid, int newWi
     if (!fbo && fboMgr) {
         char name[32];
         snprintf(name, sizeof name, "%d_fbo", uid);
-        fbo = fboMgr->createFboTexture(name, width, height, false);
+        fbo = fboMgr->acquireFboTexture(name, width, height, false);
         if (fbo) {
             fbo->retain();
             fbo->setClearColor(1, 0, 1, 0);

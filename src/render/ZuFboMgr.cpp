@@ -47,6 +47,14 @@ ZuFboObject* ZuFboMgr::createFboTexture(const char* name, int width, int height,
     return fbo;
 }
 
+ZuFboObject* ZuFboMgr::acquireFboTexture(const char* name, int width, int height, bool swap) {
+    ZuFboObject* hit = name ? lookup(name) : nullptr;
+    if (!hit) return createFboTexture(name, width, height, swap);
+    if (hit->getFrameWidth() != width || hit->getFrameHeight() != height) hit->resetFboWidth(width, height);
+    if (swap && !hit->isSwapEnabled()) hit->enableSwapBuffer();
+    return hit;
+}
+
 ZuFboObject* ZuFboMgr::createMSAAFbo(const char* name, int width, int height, bool swap) {
     if (!name) return nullptr;
     if (ZuFboObject* hit = lookup(name)) return hit;

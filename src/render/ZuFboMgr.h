@@ -24,6 +24,10 @@ public:
     void update(float dt);
 
     ZuFboObject* createFboTexture(const char* name, int width, int height, bool swap);
+    // For names made from an owner's uid: uids are reused, so a target left
+    // in the pool by the uid's previous owner (not yet aged out) is taken
+    // over and resized instead of being handed out at its old size.
+    ZuFboObject* acquireFboTexture(const char* name, int width, int height, bool swap);
     ZuFboObject* createMSAAFbo(const char* name, int width, int height, bool swap);
     ZuFboObject* createOutFboTexture(const char* name, int width, int height, unsigned int fboId, bool swap);
     ZuFboObject* createOutTexFboTexture(const char* name, int width, int height, unsigned int texId, bool swap);

@@ -3,6 +3,10 @@
 #include "node/ZuBackGroundExtTextureNode.h"
 #include "node/ZuBackGroundNode.h"
 #include "node/ZuBgRenderNode.h"
+#include "node/ZuDataOutputScaleTexNode.h"
+#include "node/ZuDataOutputTexNode.h"
+#include "node/ZuDataTransNode.h"
+#include "node/ZuIconNode.h"
 #include "node/ZuInputFboRenderNode.h"
 #include "node/ZuSeparationBackgroundExtTextureNode.h"
 #include "node/ZuSeparationBackgroundNode.h"
@@ -20,4 +24,8 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuSeparationBackgroundExtTextureNode",
                               zuCreateNodeOfType<ZuSeparationBackgroundExtTextureNode>);
     creator->registCreateFunc("ZuInputFboRenderNode", zuCreateNodeOfType<ZuInputFboRenderNode>);
+    creator->registCreateFunc("ZuDataTransNode", zuCreateNodeOfType<ZuDataTransNode>);
+    creator->registCreateFunc("ZuDataOutputTexNode", zuCreateNodeOfType<ZuDataOutputTexNode>);
+    creator->registCreateFunc("ZuDataOutputScaleTexNode", zuCreateNodeOfType<ZuDataOutputScaleTexNode>);
+    creator->registCreateFunc("ZuIconNode", zuCreateNodeOfType<ZuIconNode>);
 }

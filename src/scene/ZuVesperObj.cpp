@@ -45,7 +45,7 @@ void ZuVesperObj::init(const char* name, int w, int h, int uid) {
     if (!prepare(w, h, true) || !mgr) return;
     char target[32];
     targetName(target, sizeof target, uid);
-    ZuFboObject* made = mgr->createFboTexture(target, w, h, false);
+    ZuFboObject* made = mgr->acquireFboTexture(target, w, h, false);
     if (made) made->enableSwapBuffer();
     adopt(made, 0, 0, 0, 0);
 }
