@@ -1,0 +1,7 @@
+#include "operate/ZuOperateCreateShader.h"
+
+#include "render/ZuMaterial.h"
+
+void ZuOperateCreateShader::process(float) {
+    if (material) material->AsynloadShader(app, name.c_str());
+}
