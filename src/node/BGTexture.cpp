@@ -25,20 +25,11 @@ void BGTexture::assign(ZuTexture*& slot, ZuTexture* texture) {
     slot = texture;
 }
 
-ZuRenderData* BGTexture::renderDataOf(ZuAppMain* app) {
-    ZuGlobalMgr* global = app ? app->getGlobalMgr() : nullptr;
-    return global && global->getRenderMgr() ? global->getRenderMgr()->getRenderData() : nullptr;
-}
+ZuRenderData* BGTexture::renderDataOf(ZuAppMain* app) { return ZuRenderMgr::renderDataOf(app); }
 
 ZuRenderMesh* BGTexture::meshForAngle(ZuRenderData* data, int angle, ZuRenderMesh* current) {
-    if (!data) return current;
-    switch (angle) {
-    case 0: return data->meshFull;
-    case 90: return data->meshRot90;
-    case 180: return data->meshRot180;
-    case 270: return data->meshRot270;
-    default: return current;
-    }
+    ZuRenderMesh* mesh = data ? data->meshFollowingAngle(angle) : nullptr;
+    return mesh ? mesh : current;
 }
 
 void BGTexture::createTexture(ZuAppMain* app, BGType newType, int uid, int newWidth, int newHeight,

@@ -7,11 +7,7 @@
 #include "render/ZuRenderData.h"
 #include "render/ZuRenderMgr.h"
 
-ZuRenderData* ZuOutputPath::renderData(ZuAppMain* app) {
-    ZuGlobalMgr* global = app ? app->getGlobalMgr() : nullptr;
-    ZuRenderMgr* render = global ? global->getRenderMgr() : nullptr;
-    return render ? render->getRenderData() : nullptr;
-}
+ZuRenderData* ZuOutputPath::renderData(ZuAppMain* app) { return ZuRenderMgr::renderDataOf(app); }
 
 Camera* ZuOutputPath::camera(ZuAppMain* app, const char* sceneName) {
     ZuGlobalMgr* global = app ? app->getGlobalMgr() : nullptr;
@@ -19,22 +15,15 @@ Camera* ZuOutputPath::camera(ZuAppMain* app, const char* sceneName) {
     return config ? config->getCamera(sceneName ? sceneName : "") : nullptr;
 }
 
+// Unlisted angles draw unturned.
 ZuRenderMesh* ZuOutputPath::meshUndoingAngle(ZuRenderData* data, int angle) {
     if (!data) return nullptr;
-    switch (angle) {
-    case 90: return data->meshRot270;
-    case 180: return data->meshRot180;
-    case 270: return data->meshRot90;
-    default: return data->meshFull;
-    }
+    ZuRenderMesh* mesh = data->meshUndoingAngle(angle);
+    return mesh ? mesh : data->meshFull;
 }
 
 ZuRenderMesh* ZuOutputPath::meshFollowingAngle(ZuRenderData* data, int angle) {
     if (!data) return nullptr;
-    switch (angle) {
-    case 90: return data->meshRot90;
-    case 180: return data->meshRot180;
-    case 270: return data->meshRot270;
-    default: return data->meshFull;
-    }
+    ZuRenderMesh* mesh = data->meshFollowingAngle(angle);
+    return mesh ? mesh : data->meshFull;
 }

@@ -64,6 +64,24 @@ void ZuRenderData::destroy() {
     qzSafeRelease(meshBottomRight);
 }
 
+ZuRenderMesh* ZuRenderData::meshFollowingAngle(int angle) const {
+    switch (angle) {
+    case 0: return meshFull;
+    case 90: return meshRot90;
+    case 180: return meshRot180;
+    case 270: return meshRot270;
+    default: return nullptr;
+    }
+}
+
+ZuRenderMesh* ZuRenderData::meshUndoingAngle(int angle) const {
+    switch (angle) {
+    case 90: return meshRot270;
+    case 270: return meshRot90;
+    default: return meshFollowingAngle(angle);
+    }
+}
+
 ZuRenderMesh* ZuRenderData::createRectMesh(float w, float h) {
     return makeRect(-w / 2, w / 2, -h / 2, h / 2, kFullTex);
 }

@@ -26,6 +26,12 @@ public:
     // 16-bit indices reach.
     static ZuRenderMesh* createRectMesh(float halfW, float halfH, int cols, int rows);
 
+    // The rectangle that turns a camera image upright for a camera angle of 0,
+    // 90, 180 or 270 degrees, and the one that turns it back; null for any
+    // other angle.
+    ZuRenderMesh* meshFollowingAngle(int angle) const;
+    ZuRenderMesh* meshUndoingAngle(int angle) const;
+
     // Kept for callers of the older interface; does nothing.
     void adapt(int, int&, int&, int, int) {}
 

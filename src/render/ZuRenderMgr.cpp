@@ -1,11 +1,17 @@
 #include "render/ZuRenderMgr.h"
 
 #include "basesys/ZuAppMain.h"
+#include "basesys/ZuGlobalMgr.h"
 #include "basesys/ZuGlobalParam.h"
 #include "render/ZuRenderData.h"
 #include "render/ZuRenderScene.h"
 
 ZuRenderMgr::~ZuRenderMgr() { destroy(); }
+
+ZuRenderData* ZuRenderMgr::renderDataOf(ZuAppMain* app) {
+    ZuGlobalMgr* global = app ? app->getGlobalMgr() : nullptr;
+    return global && global->getRenderMgr() ? global->getRenderMgr()->getRenderData() : nullptr;
+}
 
 void ZuRenderMgr::init() {
     if (renderData) return;

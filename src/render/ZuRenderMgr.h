@@ -30,6 +30,8 @@ public:
     void clear();
 
     ZuRenderData* getRenderData() const { return renderData; }
+    // The engine's shared rectangles, or null before its render manager exists.
+    static ZuRenderData* renderDataOf(ZuAppMain* app);
     int getSceneCount() const { return static_cast<int>(scenes.size()); }
 
 private:
