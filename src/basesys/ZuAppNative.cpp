@@ -28,6 +28,8 @@
 #include "operate/ZuOperateFaceBuffingWhite.h"
 #include "operate/ZuOperateIntensity.h"
 #include "operate/ZuOperateMgr.h"
+#include "operate/ZuOperateParse.h"
+#include "operate/ZuOperateQueue.h"
 #include "operate/ZuOperateSaveEft.h"
 #include "operate/ZuOperateSetCameraFormate.h"
 #include "operate/ZuOperateSetCameraTexId.h"
@@ -317,4 +319,35 @@ void ZuAppNative::setOutData(const char* nodeName, bool mirror, bool invert) {
     if (!node) return;
     node->setOutMirror(mirror);
     node->setOutInvert(invert);
+}
+
+namespace {
+// The effect family's one default id.
+const int kDefaultResUID = 250;
+} // namespace
+
+void ZuAppNative::loadEffect(const char* name, const char* path) { loadEffect(name, path, kDefaultResUID, 0); }
+
+void ZuAppNative::loadEffect(const char* name, const char* path, int resUID) { loadEffect(name, path, resUID, 0); }
+
+void ZuAppNative::loadEffect(const char* name, const char* path, int resUID, int slot) {
+    if (canPushEffect()) push(new ZuOperateParse(app, resUID, name, path, slot));
+}
+
+void ZuAppNative::loadGame(const char* name, const char* gameName, const char* path, int resUID, int slot) {
+    if (canPushEffect()) push(new ZuOperateParse(app, resUID, name, path, slot, gameName));
+}
+
+void ZuAppNative::addEffect(const char* name, const char* path, int resUID, int slot) {
+    if (!canPushEffect()) return;
+    ZuOperateQueue* queue = app->getGlobalMgr()->getOperateQueue();
+    if (!queue) return;
+    ZuOperateParse* op = new ZuOperateParse(app, resUID, name, path, slot);
+    queue->addOperate(op);
+    op->release();
+}
+
+void ZuAppNative::clearEffectQueue(const char*, int) {
+    if (!app || app->getState() == ZU_ENG_STATE_STOPPING || !app->getGlobalMgr()) return;
+    if (ZuOperateQueue* queue = app->getGlobalMgr()->getOperateQueue()) queue->clearOperate();
 }

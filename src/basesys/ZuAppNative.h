@@ -78,6 +78,19 @@ public:
     // At once, on an output texture node of that name.
     void setOutData(const char* nodeName, bool mirror, bool invert);
 
+    // Effect packages: a directory holding "config.json". The default resUID
+    // is 250, the default slot 0; a package loaded into a taken slot under
+    // its own resUID replaces itself. Outcomes arrive as parse events.
+    void loadEffect(const char* name, const char* path);
+    void loadEffect(const char* name, const char* path, int resUID);
+    void loadEffect(const char* name, const char* path, int resUID, int slot);
+    void loadGame(const char* name, const char* gameName, const char* path, int resUID, int slot);
+    // Queued: packages play one after another (see the configuration's
+    // "maxAddQueueNum" and "playDeltaTime").
+    void addEffect(const char* name, const char* path, int resUID, int slot);
+    // Drops what waits in the queue; the playing package goes on.
+    void clearEffectQueue(const char* name, int);
+
     // Effects and dials.
     void delEffect(const char* name, const char* path, int resUID);
     // Runs on the calling thread before it returns: call it on the render thread.

@@ -5,12 +5,16 @@
 #include "basesys/ZuFileMgr.h"
 #include "data/ZuDataMgr.h"
 #include "event/ZuEventMgr.h"
+#include "logicsys/ZuLogicMgr.h"
 #include "operate/ZuOperateMgr.h"
+#include "operate/ZuOperateQueue.h"
+#include "parse/ZuParseMgr.h"
 #include "render/ZuFboMgr.h"
 #include "render/ZuPboMgr.h"
 #include "render/ZuRenderMgr.h"
 #include "render/ZuShaderMgr.h"
 #include "render/ZuTexMgr.h"
+#include "scene/ZuDiySys.h"
 #include "scene/ZuNodeMgr.h"
 #include "scene/ZuSceneMgr.h"
 
@@ -86,36 +90,46 @@ void ZuGlobalMgr::init() {
     }
     construct(m_pboMgr, "ZuPboMgr");
     build(m_fboMgr, "ZuFboMgr");
+    build(m_diySys, "ZuDiySys");
     build(m_eventMgr, "ZuEventMgr");
     build(m_dataMgr, "ZuDataMgr");
+    build(m_parseMgr, "ZuParseMgr");
     build(m_nodeMgr, "ZuNodeMgr");
     build(m_sceneMgr, "ZuSceneMgr");
+    build(m_logicMgr, "ZuLogicMgr");
     build(m_shaderMgr, "ZuShaderMgr");
     build(m_texMgr, "ZuTexMgr");
     build(m_renderMgr, "ZuRenderMgr");
+    build(m_operateQueue, "ZuOperateQueue");
     build(m_basicSys, "ZuBasicSys");
 }
 
 void ZuGlobalMgr::destroy() {
     // The load thread stops first, so nothing loads during the rest.
     teardown(m_operateMgr, "ZuOperateMgr");
+    teardown(m_diySys, "ZuDiySys");
     teardown(m_nodeMgr, "ZuNodeMgr");
     teardown(m_sceneMgr, "ZuSceneMgr");
+    teardown(m_logicMgr, "ZuLogicMgr");
     teardown(m_renderMgr, "ZuRenderMgr");
     teardown(m_texMgr, "ZuTexMgr");
     teardown(m_shaderMgr, "ZuShaderMgr");
+    teardown(m_parseMgr, "ZuParseMgr");
     releaseOnly(m_pboMgr, "ZuPboMgr");
     releaseOnly(m_fboMgr, "ZuFboMgr");
     teardown(m_dataMgr, "ZuDataMgr");
+    teardown(m_operateQueue, "ZuOperateQueue");
     teardown(m_eventMgr, "ZuEventMgr");
     teardown(m_config, "ZuConfig");
     releaseOnly(m_basicSys, "ZuBasicSys");
 }
 
 void ZuGlobalMgr::update(float delta) {
+    if (m_operateQueue) m_operateQueue->update(delta);
     if (m_operateMgr) m_operateMgr->update(delta);
     if (m_dataMgr) m_dataMgr->update(delta);
     if (m_eventMgr) m_eventMgr->update(delta);
+    if (m_logicMgr) m_logicMgr->update(delta);
     if (m_sceneMgr) m_sceneMgr->update(delta);
     if (m_texMgr) m_texMgr->removeUnuseTexture();
     if (m_fboMgr) m_fboMgr->update(delta);

@@ -17,6 +17,10 @@ class ZuShaderMgr;
 class ZuNodeMgr;
 class ZuRenderMgr;
 class ZuSceneMgr;
+class ZuDiySys;
+class ZuParseMgr;
+class ZuLogicMgr;
+class ZuOperateQueue;
 
 // Owns every manager of one engine and runs them in a fixed order: start-up
 // in init, shut-down in destroy, and the frame in update. The file manager
@@ -55,6 +59,10 @@ public:
     ZuNodeMgr* getNodeMgr() const { return m_nodeMgr; }
     ZuRenderMgr* getRenderMgr() const { return m_renderMgr; }
     ZuSceneMgr* getSceneMgr() const { return m_sceneMgr; }
+    ZuDiySys* getDiySys() const { return m_diySys; }
+    ZuParseMgr* getParseMgr() const { return m_parseMgr; }
+    ZuLogicMgr* getLogicMgr() const { return m_logicMgr; }
+    ZuOperateQueue* getOperateQueue() const { return m_operateQueue; }
 
     // An integration class may set its own config (or operation manager)
     // before start-up; the global manager then keeps it and takes a reference.
@@ -87,6 +95,10 @@ private:
     ZuNodeMgr* m_nodeMgr = nullptr;
     ZuRenderMgr* m_renderMgr = nullptr;
     ZuSceneMgr* m_sceneMgr = nullptr;
+    ZuDiySys* m_diySys = nullptr;
+    ZuParseMgr* m_parseMgr = nullptr;
+    ZuLogicMgr* m_logicMgr = nullptr;
+    ZuOperateQueue* m_operateQueue = nullptr;
 
     LifecycleObserver m_observer;
 };
