@@ -39,16 +39,14 @@ void ZuOperateQueue::destroy() {
 
 void ZuOperateQueue::addOperate(ZuOperateBase* op) {
     if (!op || !lock.isCreated()) return;
-    {
-        ZuLockGuard guard(lock);
-        // The capacity counts past the last slot: at most maxAddQueueNum + 1 wait.
-        if (maxAddQueueNum < queue.size()) return;
-        op->retain();
-        queue.push_back(op);
-    }
+    ZuLockGuard guard(lock);
+    // The capacity counts past the last slot: at most maxAddQueueNum + 1 wait.
+    if (maxAddQueueNum < queue.size()) return;
+    op->retain();
+    queue.push_back(op);
     if (idle) {
-        trig = true;
         idle = false;
+        trig = true;
     }
 }
 
@@ -90,6 +88,12 @@ void ZuOperateQueue::update(float delta) {
             auto first = queue.begin();
             next = *first;
             queue.erase(first);
+        } else {
+            // Under the lock, so that an effect added meanwhile finds the
+            // queue idle and starts it.
+            idle = true;
+            elapsed = playDeltaTime;
+            return;
         }
     }
     if (next) {

@@ -5,6 +5,8 @@
 #include "basesys/qzString.h"
 #include "event/ZuEventProc.h"
 
+#include <atomic>
+
 class ZuOperateBase;
 
 // Plays effect packages one after another: when the playing one ends (its
@@ -41,8 +43,10 @@ private:
     qz::list<ZuOperateBase*> queue;
     ZuLock lock;
     uint32_t maxAddQueueNum = 0;
-    bool trig = false;
-    bool idle = true;
+    // Flags the host threads and the render thread share; idle changes only
+    // under the lock, together with the queue it describes.
+    std::atomic<bool> trig{false};
+    std::atomic<bool> idle{true};
     float elapsed = 0.0f;
     float playDeltaTime = 0.0f;
     int maxAnimateNum = 0;
