@@ -1,168 +1,99 @@
 // qzhost: a desktop host that drives the engine the way a phone app's native
-// layer does, with a headless GL context instead of a window.
-#include "basesys/ZuAppMain.h"
-#include "basesys/ZuConfig.h"
-#include "basesys/ZuGlobalMgr.h"
-#include "event/ZuEvent.h"
-#include "event/ZuEventMgr.h"
-#include "event/ZuEventProc.h"
-#include "operate/ZuOperateBase.h"
-#include "operate/ZuOperateMgr.h"
-#include "platform/ZuHeadlessContext.h"
+// layer does, with a headless GL context instead of a window: camera frames
+// in through the facade, finished frames out to files.
+#include "CameraFrameConverter.h"
+#include "FrameSource.h"
+#include "HostEngine.h"
+#include "HostOptions.h"
+#include "OutputWriter.h"
+#include "ProgressBar.h"
 
-#include <GLES2/gl2.h>
 #include <cstdio>
-#include <cstdlib>
-#include <cstring>
-#include <string>
-#include <unistd.h>
+#include <vector>
 
 namespace {
 
-struct Options {
-    int frames = 30;
-    std::string assets = "assets";
-};
-
-void printUsage(FILE* to) {
-    fprintf(to,
-            "usage: qzhost [options]\n"
-            "\n"
-            "Starts the engine on a headless GL context, ticks it frame by frame\n"
-            "and reports what it did.\n"
-            "\n"
-            "options:\n"
-            "  --frames N     number of frames to tick (default 30, 1..100000)\n"
-            "  --assets DIR   the engine's resource folder, added as a search path\n"
-            "                 (default: assets)\n"
-            "  --help         show this text\n"
-            "\n"
-            "example:\n"
-            "  qzhost --frames 60 --assets assets\n");
+bool openSource(const HostOptions& options, FrameSource& source) {
+    if (options.hasRawInput())
+        return source.openRaw(options.rawInput, options.rawWidth, options.rawHeight, options.rawFormat);
+    return source.openImage(options.input);
 }
 
-bool parseArguments(int argc, char** argv, Options& options) {
-    for (int i = 1; i < argc; ++i) {
-        std::string arg = argv[i];
-        auto value = [&](const char* name) -> const char* {
-            if (i + 1 >= argc) {
-                fprintf(stderr, "qzhost: %s needs a value\n", name);
-                return nullptr;
-            }
-            return argv[++i];
-        };
-        if (arg == "--help" || arg == "-h") {
-            printUsage(stdout);
-            exit(0);
-        } else if (arg == "--frames") {
-            const char* text = value("--frames");
-            if (!text) return false;
-            char* end = nullptr;
-            long frames = strtol(text, &end, 10);
-            if (*end != '\0' || frames < 1 || frames > 100000) {
-                fprintf(stderr, "qzhost: --frames wants a number from 1 to 100000, not '%s'\n", text);
-                return false;
-            }
-            options.frames = static_cast<int>(frames);
-        } else if (arg == "--assets") {
-            const char* text = value("--assets");
-            if (!text) return false;
-            options.assets = text;
-        } else {
-            fprintf(stderr, "qzhost: unknown option '%s' (see --help)\n", arg.c_str());
-            return false;
-        }
-    }
-    if (access(options.assets.c_str(), R_OK) != 0) {
-        fprintf(stderr, "qzhost: cannot read the assets folder '%s'\n", options.assets.c_str());
-        return false;
-    }
-    if (options.assets.back() != '/') options.assets += '/';
-    return true;
+// Frames to run: --frames, else one for a photo and all for the others;
+// never more than a folder or raw file holds.
+int framesToRun(const HostOptions& options, const FrameSource& source) {
+    if (source.kind() == FrameSource::Kind::Photo) return options.frames > 0 ? options.frames : 1;
+    if (options.frames > 0 && options.frames < source.frameCount()) return options.frames;
+    return source.frameCount();
 }
-
-// Counts the frames in which the operation queue and the event broadcast ran.
-struct TickProbe : public ZuEventProc {
-    explicit TickProbe(ZuAppMain* app) : ZuEventProc(app) {}
-    bool procEvent(ZuEvent* event) override {
-        ++events;
-        return true;
-    }
-    int events = 0;
-};
-
-struct CountingOperate : public ZuOperateBase {
-    CountingOperate(ZuAppMain* app, int* counter, bool onLoadThread)
-        : ZuOperateBase(app), counter(counter), onLoadThread(onLoadThread) {}
-    void process(float delta) override {
-        ++*counter;
-        if (!onLoadThread) {
-            // Frame operations raise an event, which the broadcast delivers next frame.
-            auto* event = new ZuEvent("demo", 0);
-            event->name = "tick";
-            app->getGlobalMgr()->getEventMgr()->pushEvent(event);
-        }
-    }
-    int* counter;
-    bool onLoadThread;
-};
 
 } // namespace
 
 int main(int argc, char** argv) {
-    Options options;
-    if (!parseArguments(argc, argv, options)) return 2;
-
-    ZuHeadlessContext& gl = ZuHeadlessContext::instance();
-    bool es3 = gl.makeCurrent(3);
-    if (!es3 && !gl.makeCurrent(2)) {
-        fprintf(stderr, "qzhost: no headless GL context: %s\n", gl.error().c_str());
-        return 1;
+    HostOptions options;
+    switch (options.parse(argc, argv)) {
+    case HostOptions::Outcome::Help: HostOptions::printUsage(stdout); return 0;
+    case HostOptions::Outcome::Error: return 2;
+    case HostOptions::Outcome::Run: break;
     }
-    printf("GL: %s (%s)\n", reinterpret_cast<const char*>(glGetString(GL_VERSION)),
-           reinterpret_cast<const char*>(glGetString(GL_RENDERER)));
 
-    auto* engine = new ZuAppMain();
-    engine->init();
-    // As a phone host does: tell the engine which GL it runs on before the start.
-    auto* hostConfig = new ZuConfig(engine);
-    hostConfig->init();
-    hostConfig->glversion = es3 ? 0x30000 : 0x20000;
-    engine->getGlobalMgr()->setConfig(hostConfig);
-    hostConfig->release();
-    engine->addRespath(options.assets.c_str());
-    engine->initZuBase();
+    FrameSource source;
+    if (!openSource(options, source)) return 1;
+    const int width = source.width();
+    const int height = source.height();
+    const int frames = framesToRun(options, source);
 
-    ZuGlobalMgr* managers = engine->getGlobalMgr();
-    ZuConfig* config = managers->getConfig();
-    printf("engine started: design %dx%d, GL version 0x%x\n", config->getDesignWidth(),
-           config->getDesignHeight(), config->glversion);
+    OutputWriter writer;
+    if (!writer.open(options.outDir, options.rawOut, width, height, options.outputType)) return 1;
 
-    auto* probe = new TickProbe(engine);
-    managers->getEventMgr()->registProcer(probe);
+    HostEngine engine;
+    if (!engine.start(options.assets)) return 1;
+    printf("input: %dx%d, %d frame(s), pushed as %s, read back as %s\n", width, height, frames,
+           CameraFrameConverter::formatName(options.cameraFormat), options.outputName.c_str());
+    engine.setupScene(width, height, options.cameraFormat, options.outputType);
+    engine.loadEffects(options.effects, options.queueEffects);
+    if (!engine.waitForEffects(options.queueEffects, 5000))
+        fprintf(stderr, "qzhost: warning: effects still loading after 5 s; running anyway\n");
 
-    int frameOps = 0, loadOps = 0;
-    auto* loadOp = new CountingOperate(engine, &loadOps, true);
-    managers->getOperateMgr()->pushLoadOperate(loadOp);
-    loadOp->release();
-
-    for (int frame = 0; frame < options.frames; ++frame) {
-        auto* op = new CountingOperate(engine, &frameOps, false);
-        managers->getOperateMgr()->pushOperate(op);
-        op->release();
-        engine->update();
-        engine->directrender("");
-        usleep(1000);
+    // Room for the largest output layout, so that a read-back never overruns.
+    std::vector<uint8_t> output(static_cast<size_t>(width) * height * 4);
+    std::vector<uint8_t> frame, camera;
+    ProgressBar progress(frames, !options.quiet);
+    int status = 0, fetched = 0;
+    for (int index = 1; index <= frames; ++index) {
+        if (!source.next(frame)) {
+            status = 1;
+            break;
+        }
+        const std::vector<uint8_t>* pushed = &frame;
+        if (!source.isRaw()) {
+            CameraFrameConverter::convert(frame.data(), frame.size(), width, height, options.cameraFormat, camera);
+            pushed = &camera;
+        }
+        engine.pushFrame(*pushed);
+        engine.tick();
+        if (engine.fetch(output)) {
+            ++fetched;
+            std::vector<uint8_t> result(output.begin(), output.begin() + writer.frameBytes());
+            if (!writer.write(index, result)) {
+                status = 1;
+                break;
+            }
+        }
+        progress.update(index);
     }
-    printf("ticked %d frames: %d frame operations ran, %d events delivered, %d load-thread operation(s)\n",
-           options.frames, frameOps, probe->events, loadOps);
+    progress.finish();
+    if (!writer.close()) status = 1;
 
-    managers->getEventMgr()->unregistProcer(probe);
-    probe->release();
-    engine->setState("qzhost", ZU_ENG_STATE_STOPPING);
-    engine->destroyZuBase();
-    engine->destroy();
-    engine->release();
+    engine.reportPendingEffects();
+    if (engine.failedEffects() > 0) status = 1;
+    if (fetched == 0) {
+        fprintf(stderr, "qzhost: the engine gave back no frame\n");
+        status = 1;
+    }
+    printf("ran %d frame(s), %d read back\n", frames, fetched);
+    for (const std::string& path : writer.written()) printf("wrote %s\n", path.c_str());
+    engine.stop();
     printf("engine stopped\n");
-    return 0;
+    return status;
 }

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "CameraFrameConverter.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+// Where the host's camera frames come from: one PNG photo, a folder of
+// numbered PNG frames, or a raw YUV file read frame by frame. Frames of a
+// folder must all have the first frame's size, as a camera's would.
+class FrameSource {
+public:
+    enum class Kind { Photo, Folder, Raw };
+
+    FrameSource() = default;
+    ~FrameSource();
+    FrameSource(const FrameSource&) = delete;
+    FrameSource& operator=(const FrameSource&) = delete;
+
+    // Each open* reads enough to know the frame size; false after printing why.
+    bool openImage(const std::string& path);
+    bool openRaw(const std::string& path, int width, int height, CameraFrameConverter::Format format);
+
+    // The next frame: top-down RGBA for PNG inputs, or the raw bytes (in
+    // rawFormat()) for raw input. A photo gives the same frame every time.
+    // False at the end or on a frame that cannot be read (printed).
+    bool next(std::vector<uint8_t>& frame);
+
+    Kind kind() const { return m_kind; }
+    bool isRaw() const { return m_kind == Kind::Raw; }
+    int width() const { return m_width; }
+    int height() const { return m_height; }
+    // Frames available; a photo counts as 1.
+    int frameCount() const { return m_frameCount; }
+    CameraFrameConverter::Format rawFormat() const { return m_rawFormat; }
+
+    // Numbered PNG files of a folder, sorted by the last number in the name;
+    // names without a number are left out. Public for the tests' sake.
+    static std::vector<std::string> numberedFrames(const std::string& folder);
+
+private:
+    bool decodePng(const std::string& path, std::vector<uint8_t>& rgba, int* width, int* height) const;
+
+    Kind m_kind = Kind::Photo;
+    int m_width = 0;
+    int m_height = 0;
+    int m_frameCount = 0;
+    int m_nextIndex = 0;
+    std::vector<uint8_t> m_photo;
+    std::vector<std::string> m_files;
+    FILE* m_raw = nullptr;
+    CameraFrameConverter::Format m_rawFormat = CameraFrameConverter::NV21;
+};

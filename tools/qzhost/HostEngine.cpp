@@ -1,0 +1,137 @@
+#include "HostEngine.h"
+
+#include "PackageWatcher.h"
+
+#include "basesys/Camera.h"
+#include "basesys/ZuAppMain.h"
+#include "basesys/ZuAppNative.h"
+#include "basesys/ZuConfig.h"
+#include "basesys/ZuGlobalMgr.h"
+#include "event/ZuEventMgr.h"
+#include "platform/ZuHeadlessContext.h"
+
+#include <GLES2/gl2.h>
+#include <algorithm>
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+// fetchRenderData reports nothing, so the buffer is pre-filled: a frame
+// that happens to equal one fill byte cannot also equal the other.
+bool fetchedInto(ZuAppNative* native, std::vector<uint8_t>& out, uint8_t fill) {
+    std::fill(out.begin(), out.end(), fill);
+    native->fetchRenderData(HostEngine::kSceneName, out.data());
+    return std::any_of(out.begin(), out.end(), [fill](uint8_t byte) { return byte != fill; });
+}
+} // namespace
+
+HostEngine::~HostEngine() { stop(); }
+
+bool HostEngine::start(const std::string& assets) {
+    ZuHeadlessContext& gl = ZuHeadlessContext::instance();
+    bool es3 = gl.makeCurrent(3);
+    if (!es3 && !gl.makeCurrent(2)) {
+        fprintf(stderr, "qzhost: no headless GL context: %s\n", gl.error().c_str());
+        return false;
+    }
+    printf("GL: %s (%s)\n", reinterpret_cast<const char*>(glGetString(GL_VERSION)),
+           reinterpret_cast<const char*>(glGetString(GL_RENDERER)));
+
+    m_app = new ZuAppMain();
+    m_app->init();
+    // As a phone host does, tell the engine its GL before the start. We
+    // declare ES 2 even on an ES 3 context: the ES 3 read-back is
+    // double-buffered and hands each frame out one tick late, while the
+    // ES 2 path reads synchronously, so every fetched frame belongs to the
+    // frame pushed in the same tick. Offline, exact pairing beats overlap.
+    auto* hostConfig = new ZuConfig(m_app);
+    hostConfig->init();
+    hostConfig->glversion = 0x20000;
+    m_app->getGlobalMgr()->setConfig(hostConfig);
+    hostConfig->release();
+    m_app->addRespath(assets.c_str());
+    m_app->initZuBase();
+
+    m_watcher = new PackageWatcher(m_app);
+    m_app->getGlobalMgr()->getEventMgr()->registProcer(m_watcher);
+    return true;
+}
+
+void HostEngine::setupScene(int width, int height, int cameraHostFormat, int outputType) {
+    // The facade has no call for the camera size: a host integration sets
+    // the scene's camera record on the configuration. Photos are upright.
+    Camera* camera = m_app->getGlobalMgr()->getConfig()->getCamera(kSceneName);
+    camera->width = width;
+    camera->height = height;
+    camera->angle = 0;
+
+    ZuAppNative* native = m_app->getAppInter();
+    native->createLogicSceneFull(kSceneName, width, height, width, height);
+    native->createBGNode(kSceneName, cameraHostFormat);
+    // mirror true keeps the picture as the scene shows it.
+    native->setOutSteamFormate(kSceneName, outputType, true, false);
+    tick();
+}
+
+void HostEngine::loadEffects(const std::vector<std::string>& packages, bool queued) {
+    ZuAppNative* native = m_app->getAppInter();
+    for (size_t i = 0; i < packages.size(); ++i) {
+        int resUID = kFirstResUID + static_cast<int>(i);
+        int slot = static_cast<int>(i);
+        m_watcher->expect(resUID, packages[i]);
+        if (queued)
+            native->addEffect(kSceneName, packages[i].c_str(), resUID, slot);
+        else
+            native->loadEffect(kSceneName, packages[i].c_str(), resUID, slot);
+        printf("%s effect '%s' (resUID %d, slot %d)\n", queued ? "queued" : "loading", packages[i].c_str(), resUID,
+               slot);
+    }
+}
+
+bool HostEngine::waitForEffects(bool queued, int timeoutMs) {
+    const size_t expected = m_watcher->pendingCount();
+    if (expected == 0) return true;
+    // The queue plays its packages one after another, so only the first is due now.
+    const size_t target = queued ? expected - 1 : 0;
+    const int stepMs = 10;
+    for (int waited = 0; waited < timeoutMs; waited += stepMs) {
+        tick();
+        if (m_watcher->pendingCount() <= target) return true;
+        usleep(stepMs * 1000);
+    }
+    return false;
+}
+
+void HostEngine::pushFrame(const std::vector<uint8_t>& frame) {
+    m_app->getAppInter()->pushCameraData(kSceneName, frame.data(), static_cast<int>(frame.size()));
+}
+
+void HostEngine::tick() {
+    m_app->update();
+    m_app->directrender("");
+}
+
+bool HostEngine::fetch(std::vector<uint8_t>& out) {
+    ZuAppNative* native = m_app->getAppInter();
+    return fetchedInto(native, out, 0xA5) || fetchedInto(native, out, 0x5A);
+}
+
+int HostEngine::failedEffects() const { return m_watcher ? m_watcher->failedCount() : 0; }
+
+void HostEngine::reportPendingEffects() const {
+    if (m_watcher) m_watcher->reportPending();
+}
+
+void HostEngine::stop() {
+    if (!m_app) return;
+    if (m_watcher) {
+        m_app->getGlobalMgr()->getEventMgr()->unregistProcer(m_watcher);
+        m_watcher->release();
+        m_watcher = nullptr;
+    }
+    m_app->setState("qzhost", ZU_ENG_STATE_STOPPING);
+    m_app->destroyZuBase();
+    m_app->destroy();
+    m_app->release();
+    m_app = nullptr;
+}

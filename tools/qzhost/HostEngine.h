@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+class ZuAppMain;
+class PackageWatcher;
+
+// One engine session driven like a phone app's native layer: the life cycle
+// on ZuAppMain, everything else through its ZuAppNative facade, on the
+// headless GL context.
+class HostEngine {
+public:
+    static constexpr const char* kSceneName = "qzhost";
+    static constexpr int kFirstResUID = 250;
+
+    HostEngine() = default;
+    ~HostEngine();
+    HostEngine(const HostEngine&) = delete;
+    HostEngine& operator=(const HostEngine&) = delete;
+
+    // GL context, engine start with assets as search path. False after printing why.
+    bool start(const std::string& assets);
+    // Camera record, scene, camera background and output stream, then one
+    // frame so the set-up operations have run before the first push.
+    void setupScene(int width, int height, int cameraHostFormat, int outputType);
+    // Loads each package (resUID 250, 251..., slot 0, 1...), by loadEffect
+    // or through the effect queue.
+    void loadEffects(const std::vector<std::string>& packages, bool queued);
+
+    // Ticks until every package (or, queued, the first) has its parse
+    // outcome, so the first written frame already shows them; gives up after
+    // timeoutMs and lets the run go on. False on timeout.
+    bool waitForEffects(bool queued, int timeoutMs);
+
+    // Pushes one camera frame; its size must match the set-up format.
+    void pushFrame(const std::vector<uint8_t>& frame);
+    void tick();
+    // Reads the last finished frame into out, which the caller sizes to at
+    // least the output format's frame (fetchRenderData fills it blind); false
+    // when no frame has come back.
+    bool fetch(std::vector<uint8_t>& out);
+
+    // Packages whose load failed, and those still loading.
+    int failedEffects() const;
+    void reportPendingEffects() const;
+
+    void stop();
+
+private:
+    ZuAppMain* m_app = nullptr;
+    PackageWatcher* m_watcher = nullptr;
+};

@@ -1,0 +1,178 @@
+#include "HostOptions.h"
+
+#include <cstdarg>
+#include <cstdlib>
+#include <cstring>
+#include <strings.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+// Output names in the order of their type codes.
+const char* const kOutputNames[] = {"nv12", "rgba", "nv21", "yv12", "i420", "bgra"};
+
+bool endsWithNoCase(const std::string& text, const char* suffix) {
+    size_t n = strlen(suffix);
+    return text.size() >= n && strcasecmp(text.c_str() + text.size() - n, suffix) == 0;
+}
+
+bool isDirectory(const std::string& path) {
+    struct stat info;
+    return stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+} // namespace
+
+void HostOptions::printUsage(FILE* to) {
+    fprintf(to,
+            "usage: qzhost [options] INPUT\n"
+            "       qzhost [options] --raw FILE --size WxH [--raw-format FMT]\n"
+            "\n"
+            "Runs camera frames through the engine on a headless GL context, as a\n"
+            "phone app's native layer would, and writes the finished frames.\n"
+            "\n"
+            "input:\n"
+            "  INPUT              a PNG photo, or a folder of numbered PNG frames\n"
+            "                     (played in the order of the number in the name).\n"
+            "                     JPEG is not read: convert it to PNG first.\n"
+            "  --raw FILE         raw camera frames, one after another\n"
+            "  --size WxH         frame size of --raw (even sides), e.g. 640x480\n"
+            "  --raw-format FMT   layout of --raw: nv21 (default), nv12, yv12, i420;\n"
+            "                     the frames go to the engine as they are\n"
+            "\n"
+            "engine:\n"
+            "  --camera-format F  format the frames are pushed in: nv21 (default),\n"
+            "                     nv12, yv12, i420, rgba, bgra\n"
+            "  --output-format F  format read back: rgba (default), bgra, nv12,\n"
+            "                     nv21, yv12, i420\n"
+            "  --effect DIR       load an effect package (a folder with config.json);\n"
+            "                     repeatable, each gets resUID 250, 251... and slot\n"
+            "                     0, 1...\n"
+            "  --queue            send the packages through the effect queue instead\n"
+            "  --frames N         frames to run (default: 1 for a photo, all frames of\n"
+            "                     a folder or raw file; a photo is repeated N times)\n"
+            "  --assets DIR       the engine's resource folder, added as a search\n"
+            "                     path (default: assets)\n"
+            "\n"
+            "output:\n"
+            "  --out DIR          write frame_0001.png... (rgba/bgra output) or\n"
+            "                     frame_0001.yuv... (YUV output) into DIR\n"
+            "  --raw-out FILE     append every output frame's bytes to FILE\n"
+            "                     (.yuv and raw bytes are as the engine delivers\n"
+            "                     them: bottom row first; PNGs are upright)\n"
+            "  --quiet            no progress bar\n"
+            "  --help             show this text\n"
+            "\n"
+            "examples:\n"
+            "  qzhost --effect samples/packages/timeout --out out samples/photos/astronaut.png\n"
+            "  qzhost --raw cam.nv21 --size 640x480 --output-format nv21 --raw-out out.nv21\n");
+}
+
+bool HostOptions::fail(const char* format, ...) const {
+    va_list args;
+    va_start(args, format);
+    fputs("qzhost: ", stderr);
+    vfprintf(stderr, format, args);
+    fputs(" (see --help)\n", stderr);
+    va_end(args);
+    return false;
+}
+
+bool HostOptions::takeValue(int argc, char** argv, int& i, std::string& value) const {
+    if (i + 1 >= argc) return fail("%s needs a value", argv[i]);
+    value = argv[++i];
+    return true;
+}
+
+HostOptions::Outcome HostOptions::parse(int argc, char** argv) {
+    bool ok = true;
+    for (int i = 1; i < argc && ok; ++i) {
+        std::string arg = argv[i];
+        std::string value;
+        if (arg == "--help" || arg == "-h") {
+            return Outcome::Help;
+        } else if (arg == "--frames") {
+            if (!(ok = takeValue(argc, argv, i, value))) break;
+            char* end = nullptr;
+            long frames = strtol(value.c_str(), &end, 10);
+            if (value.empty() || *end != '\0' || frames < 1 || frames > 100000)
+                ok = fail("--frames wants a number from 1 to 100000, not '%s'", value.c_str());
+            else
+                this->frames = static_cast<int>(frames);
+        } else if (arg == "--assets") {
+            ok = takeValue(argc, argv, i, assets);
+        } else if (arg == "--raw") {
+            ok = takeValue(argc, argv, i, rawInput);
+        } else if (arg == "--size") {
+            if (!(ok = takeValue(argc, argv, i, value))) break;
+            char tail = 0;
+            if (sscanf(value.c_str(), "%dx%d%c", &rawWidth, &rawHeight, &tail) != 2 || rawWidth < 2 ||
+                rawHeight < 2 || rawWidth > 8192 || rawHeight > 8192 || rawWidth % 2 || rawHeight % 2)
+                ok = fail("--size wants WxH with even sides from 2 to 8192, not '%s'", value.c_str());
+        } else if (arg == "--raw-format") {
+            if (!(ok = takeValue(argc, argv, i, value))) break;
+            if (!CameraFrameConverter::parseFormat(value, &rawFormat) || !CameraFrameConverter::isYuv(rawFormat))
+                ok = fail("--raw-format wants nv21, nv12, yv12 or i420, not '%s'", value.c_str());
+            rawFormatGiven = true;
+        } else if (arg == "--camera-format") {
+            if (!(ok = takeValue(argc, argv, i, value))) break;
+            if (!CameraFrameConverter::parseFormat(value, &cameraFormat))
+                ok = fail("--camera-format wants nv21, nv12, yv12, i420, rgba or bgra, not '%s'", value.c_str());
+            cameraFormatGiven = true;
+        } else if (arg == "--output-format") {
+            if (!(ok = takeValue(argc, argv, i, value))) break;
+            outputType = -1;
+            for (int type = 0; type < 6; ++type)
+                if (strcasecmp(value.c_str(), kOutputNames[type]) == 0) outputType = type;
+            if (outputType < 0)
+                ok = fail("--output-format wants rgba, bgra, nv12, nv21, yv12 or i420, not '%s'", value.c_str());
+            else
+                outputName = kOutputNames[outputType];
+        } else if (arg == "--effect") {
+            if ((ok = takeValue(argc, argv, i, value))) effects.push_back(value);
+        } else if (arg == "--queue") {
+            queueEffects = true;
+        } else if (arg == "--out") {
+            ok = takeValue(argc, argv, i, outDir);
+        } else if (arg == "--raw-out") {
+            ok = takeValue(argc, argv, i, rawOut);
+        } else if (arg == "--quiet") {
+            quiet = true;
+        } else if (arg.size() > 1 && arg[0] == '-') {
+            ok = fail("unknown option '%s'", arg.c_str());
+        } else if (!input.empty()) {
+            ok = fail("one input only: '%s' and '%s'", input.c_str(), arg.c_str());
+        } else {
+            input = arg;
+        }
+    }
+    return ok && check() ? Outcome::Run : Outcome::Error;
+}
+
+bool HostOptions::check() {
+    if (hasRawInput()) {
+        if (!input.empty()) return fail("give either INPUT or --raw, not both");
+        if (rawWidth == 0) return fail("--raw needs --size WxH");
+        // Raw frames are pushed as they are: the camera format is theirs.
+        if (cameraFormatGiven && cameraFormat != rawFormat)
+            return fail("--camera-format %s differs from --raw-format %s; raw frames are pushed unconverted",
+                        CameraFrameConverter::formatName(cameraFormat), CameraFrameConverter::formatName(rawFormat));
+        cameraFormat = rawFormat;
+        if (access(rawInput.c_str(), R_OK) != 0) return fail("cannot read the raw file '%s'", rawInput.c_str());
+    } else {
+        if (rawWidth != 0 || rawFormatGiven) return fail("--size and --raw-format belong to --raw");
+        if (input.empty()) return fail("no input: give a PNG photo, a folder of PNG frames or --raw FILE");
+        if (endsWithNoCase(input, ".jpg") || endsWithNoCase(input, ".jpeg"))
+            return fail("'%s' is a JPEG, which qzhost cannot decode; convert it to PNG first", input.c_str());
+        if (access(input.c_str(), R_OK) != 0) return fail("cannot read the input '%s'", input.c_str());
+    }
+    for (const std::string& effect : effects)
+        if (!isDirectory(effect) || access((effect + "/config.json").c_str(), R_OK) != 0)
+            return fail("the effect package '%s' is not a folder with a config.json", effect.c_str());
+    if (!outDir.empty() && !isDirectory(outDir) && mkdir(outDir.c_str(), 0755) != 0)
+        return fail("cannot make the output folder '%s'", outDir.c_str());
+    if (access(assets.c_str(), R_OK) != 0) return fail("cannot read the assets folder '%s'", assets.c_str());
+    if (assets.back() != '/') assets += '/';
+    return true;
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "CameraFrameConverter.h"
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+// The command line of qzhost, checked as a whole before the engine starts,
+// so that a typo costs no GL set-up and says what to fix.
+class HostOptions {
+public:
+    enum class Outcome { Run, Help, Error };
+
+    Outcome parse(int argc, char** argv);
+    static void printUsage(FILE* to);
+
+    std::string input;      // photo or folder of numbered frames
+    std::string rawInput;   // --raw FILE
+    int rawWidth = 0;       // --size WxH
+    int rawHeight = 0;
+    CameraFrameConverter::Format rawFormat = CameraFrameConverter::NV21;
+    bool rawFormatGiven = false;
+
+    CameraFrameConverter::Format cameraFormat = CameraFrameConverter::NV21;
+    bool cameraFormatGiven = false;
+    // Output type codes of ZuAppNative::setOutSteamFormate.
+    int outputType = 1;
+    std::string outputName = "rgba";
+
+    std::vector<std::string> effects;
+    bool queueEffects = false;
+
+    std::string outDir;     // --out DIR
+    std::string rawOut;     // --raw-out FILE
+    int frames = 0;         // 0: every frame of the input
+    std::string assets = "assets";
+    bool quiet = false;     // no progress bar
+
+    bool hasRawInput() const { return !rawInput.empty(); }
+
+private:
+    bool fail(const char* format, ...) const;
+    bool takeValue(int argc, char** argv, int& i, std::string& value) const;
+    bool check();
+};
