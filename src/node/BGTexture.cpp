@@ -1,6 +1,8 @@
 #include "node/BGTexture.h"
 
+#include "basesys/Camera.h"
 #include "basesys/ZuAppMain.h"
+#include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "render/ZuFboBeginRenderObject.h"
 #include "render/ZuFboEndRenderObject.h"
@@ -30,6 +32,16 @@ ZuRenderData* BGTexture::renderDataOf(ZuAppMain* app) { return ZuRenderMgr::rend
 ZuRenderMesh* BGTexture::meshForAngle(ZuRenderData* data, int angle, ZuRenderMesh* current) {
     ZuRenderMesh* mesh = data ? data->meshFollowingAngle(angle) : nullptr;
     return mesh ? mesh : current;
+}
+
+void BGTexture::placeOn(ZuAppMain* app, const char* sceneName, ZuRenderObject* object, ZuMaterial* mat) {
+    if (!object || !mat) return;
+    ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
+    int angle = config ? config->getCamera(sceneName)->angle : 0;
+    object->setMesh(meshForAngle(renderDataOf(app), angle, object->getMesh()));
+    mat->setTexcoordFlip(1.0f, 1.0f);
+    mat->setTexture0FBO(fbo, true);
+    object->setMaterial(mat);
 }
 
 void BGTexture::createTexture(ZuAppMain* app, BGType newType, int uid, int newWidth, int newHeight,

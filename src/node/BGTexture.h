@@ -53,6 +53,9 @@ public:
     // record's angle; any other angle keeps current.
     static ZuRenderMesh* meshForAngle(ZuRenderData* data, int angle, ZuRenderMesh* current);
     static ZuRenderData* renderDataOf(ZuAppMain* app);
+    // Points object at this image through material, turned upright by the
+    // camera record's angle of the scene.
+    void placeOn(ZuAppMain* app, const char* sceneName, ZuRenderObject* object, ZuMaterial* material);
 
 protected:
     static void assign(ZuTexture*& slot, ZuTexture* texture);

@@ -64,18 +64,8 @@ void ZuBackGroundNode::setDataGen(ZuDataGenerate* source) {
     }
 }
 
-int ZuBackGroundNode::cameraAngle() const {
-    ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
-    return config ? config->getCamera(m_sceneName.c_str())->angle : 0;
-}
-
 void ZuBackGroundNode::placeImage(ZuRenderObject* object, ZuMaterial* material) {
-    BGTexture* image = bgTexture;
-    if (!object || !material || !image) return;
-    object->setMesh(BGTexture::meshForAngle(BGTexture::renderDataOf(app), cameraAngle(), object->getMesh()));
-    material->setTexcoordFlip(1.0f, 1.0f);
-    material->setTexture0FBO(image->getFbo(), true);
-    object->setMaterial(material);
+    if (bgTexture) bgTexture->placeOn(app, m_sceneName.c_str(), object, material);
 }
 
 void ZuBackGroundNode::update(float dt) {

@@ -33,7 +33,6 @@ protected:
     // Points mesh and material of object at the background image, turned by
     // the scene camera's angle.
     void placeImage(ZuRenderObject* object, ZuMaterial* material);
-    int cameraAngle() const;
 
     ZuDataGenerate* dataGen = nullptr;
     BGTexture* bgTexture = nullptr;

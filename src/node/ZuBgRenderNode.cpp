@@ -28,14 +28,8 @@ void ZuBgRenderNode::zudestroy() {
 bool ZuBgRenderNode::placeBackground() {
     ZuGlobalParam* param = app ? app->getGlobalParam() : nullptr;
     BGTexture* image = param ? param->getBgTexture(m_sceneName.c_str()) : nullptr;
-    ZuRenderObject* object = getRenderObject();
-    if (!image || !object || !material) return false;
-    ZuConfig* config = app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
-    int angle = config ? config->getCamera(m_sceneName.c_str())->angle : 0;
-    object->setMesh(BGTexture::meshForAngle(BGTexture::renderDataOf(app), angle, object->getMesh()));
-    material->setTexcoordFlip(1.0f, 1.0f);
-    material->setTexture0FBO(image->getFbo(), true);
-    object->setMaterial(material);
+    if (!image || !getRenderObject() || !material) return false;
+    image->placeOn(app, m_sceneName.c_str(), getRenderObject(), material);
     return true;
 }
 
