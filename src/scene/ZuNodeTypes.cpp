@@ -10,6 +10,7 @@
 #include "node/ZuInputFboRenderNode.h"
 #include "node/ZuSeparationBackgroundExtTextureNode.h"
 #include "node/ZuSeparationBackgroundNode.h"
+#include "node/ZuSoundNode.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuScene.h"
 #include "scene/ZuTimeOutNode.h"
@@ -28,4 +29,5 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuDataOutputTexNode", zuCreateNodeOfType<ZuDataOutputTexNode>);
     creator->registCreateFunc("ZuDataOutputScaleTexNode", zuCreateNodeOfType<ZuDataOutputScaleTexNode>);
     creator->registCreateFunc("ZuIconNode", zuCreateNodeOfType<ZuIconNode>);
+    creator->registCreateFunc("ZuSoundNode", zuCreateNodeOfType<ZuSoundNode>);
 }
