@@ -9,9 +9,11 @@
 #include "data/ZuDataGenCamera.h"
 #include "data/ZuDataMgr.h"
 #include "data/ZuDataSwap.h"
+#include "data/ZuDetectMgr.h"
 #include "event/ZuActionLocation.h"
 #include "event/ZuEventMgr.h"
 #include "event/ZuScaleEvent.h"
+#include "operate/ZuOperateChangeDetectDataType.h"
 #include "operate/ZuOperateCreateLogicScene.h"
 #include "node/ZuDataOutputTexNode.h"
 #include "node/ZuDataTransNode.h"
@@ -350,4 +352,21 @@ void ZuAppNative::addEffect(const char* name, const char* path, int resUID, int 
 void ZuAppNative::clearEffectQueue(const char*, int) {
     if (!app || app->getState() == ZU_ENG_STATE_STOPPING || !app->getGlobalMgr()) return;
     if (ZuOperateQueue* queue = app->getGlobalMgr()->getOperateQueue()) queue->clearOperate();
+}
+
+namespace {
+// Guard of the face-tracking methods: running, with a detect manager.
+ZuDetectMgr* runningDetectMgr(ZuAppMain* app) {
+    if (!app || app->getState() != ZU_ENG_STATE_RUNNING || !app->getGlobalMgr()) return nullptr;
+    return app->getGlobalMgr()->getDetectMgr();
+}
+} // namespace
+
+void ZuAppNative::setDetectType(DETECTTYPE type) {
+    if (runningDetectMgr(app) && app->getGlobalMgr()->getOperateMgr())
+        push(new ZuOperateChangeDetectDataType(app, type));
+}
+
+void ZuAppNative::setDetectData(const char* name, const void* data, int size) {
+    if (ZuDetectMgr* detectMgr = runningDetectMgr(app)) detectMgr->pushData(name, data, size);
 }

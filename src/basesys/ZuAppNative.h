@@ -1,6 +1,7 @@
 #pragma once
 
 #include "basesys/ZuObject.h"
+#include "data/DETECTTYPE.h"
 
 class ZuAppMain;
 class ZuDataSwap;
@@ -108,6 +109,11 @@ public:
     void setScale(const char* name, int id, float value);
 
     void setAssetsManager(AAssetManager* manager);
+
+    // Face tracking. The back end changes in a later frame; a record is taken
+    // at once on the calling thread (size: its length in bytes; null: no face).
+    void setDetectType(DETECTTYPE type);
+    void setDetectData(const char* name, const void* data, int size);
 
 protected:
     // Guard of most pushes: running, with an operation manager.

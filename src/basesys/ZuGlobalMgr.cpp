@@ -4,6 +4,8 @@
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuFileMgr.h"
 #include "data/ZuDataMgr.h"
+#include "data/ZuDetectMgr.h"
+#include "data/ZuMeshDataMgr.h"
 #include "event/ZuEventMgr.h"
 #include "logicsys/ZuLogicMgr.h"
 #include "operate/ZuOperateMgr.h"
@@ -94,12 +96,14 @@ void ZuGlobalMgr::init() {
     build(m_eventMgr, "ZuEventMgr");
     build(m_dataMgr, "ZuDataMgr");
     build(m_parseMgr, "ZuParseMgr");
+    build(m_meshDataMgr, "ZuMeshDataMgr");
     build(m_nodeMgr, "ZuNodeMgr");
     build(m_sceneMgr, "ZuSceneMgr");
     build(m_logicMgr, "ZuLogicMgr");
     build(m_shaderMgr, "ZuShaderMgr");
     build(m_texMgr, "ZuTexMgr");
     build(m_renderMgr, "ZuRenderMgr");
+    construct(m_detectMgr, "ZuDetectMgr");
     build(m_operateQueue, "ZuOperateQueue");
     build(m_basicSys, "ZuBasicSys");
 }
@@ -108,6 +112,7 @@ void ZuGlobalMgr::destroy() {
     // The load thread stops first, so nothing loads during the rest.
     teardown(m_operateMgr, "ZuOperateMgr");
     teardown(m_diySys, "ZuDiySys");
+    teardown(m_detectMgr, "ZuDetectMgr");
     teardown(m_nodeMgr, "ZuNodeMgr");
     teardown(m_sceneMgr, "ZuSceneMgr");
     teardown(m_logicMgr, "ZuLogicMgr");
@@ -121,6 +126,7 @@ void ZuGlobalMgr::destroy() {
     teardown(m_operateQueue, "ZuOperateQueue");
     teardown(m_eventMgr, "ZuEventMgr");
     teardown(m_config, "ZuConfig");
+    releaseOnly(m_meshDataMgr, "ZuMeshDataMgr"); // its destructor frees the records
     releaseOnly(m_basicSys, "ZuBasicSys");
 }
 

@@ -21,6 +21,8 @@ class ZuDiySys;
 class ZuParseMgr;
 class ZuLogicMgr;
 class ZuOperateQueue;
+class ZuDetectMgr;
+class ZuMeshDataMgr;
 
 // Owns every manager of one engine and runs them in a fixed order: start-up
 // in init, shut-down in destroy, and the frame in update. The file manager
@@ -63,6 +65,8 @@ public:
     ZuParseMgr* getParseMgr() const { return m_parseMgr; }
     ZuLogicMgr* getLogicMgr() const { return m_logicMgr; }
     ZuOperateQueue* getOperateQueue() const { return m_operateQueue; }
+    ZuDetectMgr* getDetectMgr() const { return m_detectMgr; }
+    ZuMeshDataMgr* getMeshDataMgr() const { return m_meshDataMgr; }
 
     // An integration class may set its own config (or operation manager)
     // before start-up; the global manager then keeps it and takes a reference.
@@ -99,6 +103,8 @@ private:
     ZuParseMgr* m_parseMgr = nullptr;
     ZuLogicMgr* m_logicMgr = nullptr;
     ZuOperateQueue* m_operateQueue = nullptr;
+    ZuDetectMgr* m_detectMgr = nullptr;
+    ZuMeshDataMgr* m_meshDataMgr = nullptr;
 
     LifecycleObserver m_observer;
 };
