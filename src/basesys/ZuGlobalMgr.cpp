@@ -11,6 +11,7 @@
 #include "operate/ZuOperateMgr.h"
 #include "operate/ZuOperateQueue.h"
 #include "parse/ZuParseMgr.h"
+#include "person/ZuPersonSys.h"
 #include "render/ZuFboMgr.h"
 #include "render/ZuPboMgr.h"
 #include "render/ZuRenderMgr.h"
@@ -97,6 +98,7 @@ void ZuGlobalMgr::init() {
     build(m_dataMgr, "ZuDataMgr");
     build(m_parseMgr, "ZuParseMgr");
     build(m_meshDataMgr, "ZuMeshDataMgr");
+    build(m_personSys, "ZuPersonSys");
     build(m_nodeMgr, "ZuNodeMgr");
     build(m_sceneMgr, "ZuSceneMgr");
     build(m_logicMgr, "ZuLogicMgr");
@@ -119,6 +121,7 @@ void ZuGlobalMgr::destroy() {
     teardown(m_renderMgr, "ZuRenderMgr");
     teardown(m_texMgr, "ZuTexMgr");
     teardown(m_shaderMgr, "ZuShaderMgr");
+    teardown(m_personSys, "ZuPersonSys");
     teardown(m_parseMgr, "ZuParseMgr");
     releaseOnly(m_pboMgr, "ZuPboMgr");
     releaseOnly(m_fboMgr, "ZuFboMgr");
@@ -135,6 +138,7 @@ void ZuGlobalMgr::update(float delta) {
     if (m_operateMgr) m_operateMgr->update(delta);
     if (m_dataMgr) m_dataMgr->update(delta);
     if (m_eventMgr) m_eventMgr->update(delta);
+    if (m_personSys) m_personSys->update(delta);
     if (m_logicMgr) m_logicMgr->update(delta);
     if (m_sceneMgr) m_sceneMgr->update(delta);
     if (m_texMgr) m_texMgr->removeUnuseTexture();

@@ -23,6 +23,7 @@ class ZuLogicMgr;
 class ZuOperateQueue;
 class ZuDetectMgr;
 class ZuMeshDataMgr;
+class ZuPersonSys;
 
 // Owns every manager of one engine and runs them in a fixed order: start-up
 // in init, shut-down in destroy, and the frame in update. The file manager
@@ -67,6 +68,7 @@ public:
     ZuOperateQueue* getOperateQueue() const { return m_operateQueue; }
     ZuDetectMgr* getDetectMgr() const { return m_detectMgr; }
     ZuMeshDataMgr* getMeshDataMgr() const { return m_meshDataMgr; }
+    ZuPersonSys* getPersonSys() const { return m_personSys; }
 
     // An integration class may set its own config (or operation manager)
     // before start-up; the global manager then keeps it and takes a reference.
@@ -105,6 +107,7 @@ private:
     ZuOperateQueue* m_operateQueue = nullptr;
     ZuDetectMgr* m_detectMgr = nullptr;
     ZuMeshDataMgr* m_meshDataMgr = nullptr;
+    ZuPersonSys* m_personSys = nullptr;
 
     LifecycleObserver m_observer;
 };

@@ -17,7 +17,7 @@ PERSON_FP_DATA* ZuDataGenFP::slotsFor(const char* sceneName) {
 
 PERSON_FP_DATA* ZuDataGenFP::getData(const char* sceneName, int id) {
     if (id < 1 || id > kMaxDetectFaces) return nullptr;
-    ZuLockGuard guard(genLock);
+    // No genLock here: listeners call this while _notice holds it, and the lock is not recursive.
     auto* node = scenes.find(qz::string(sceneName ? sceneName : ""));
     return node ? &node->getValue()[id - 1] : nullptr;
 }

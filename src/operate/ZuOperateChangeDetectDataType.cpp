@@ -5,6 +5,7 @@
 #include "basesys/ZuGlobalMgr.h"
 #include "data/ZuDataMgr.h"
 #include "data/ZuDetectMgr.h"
+#include "person/ZuPersonSys.h"
 
 void ZuOperateChangeDetectDataType::process(float) {
     ZuGlobalMgr* managers = app ? app->getGlobalMgr() : nullptr;
@@ -12,4 +13,5 @@ void ZuOperateChangeDetectDataType::process(float) {
     if (managers->getConfig()) managers->getConfig()->setDetectType(type);
     if (managers->getDetectMgr()) managers->getDetectMgr()->init(type);
     if (managers->getDataMgr()) managers->getDataMgr()->setDetectDataType(type);
+    if (managers->getPersonSys()) managers->getPersonSys()->setDetectType(static_cast<DETECTTYPE>(type));
 }

@@ -1,7 +1,9 @@
 #include "scene/ZuSceneMgr.h"
 
 #include "basesys/ZuAppMain.h"
+#include "basesys/ZuGlobalMgr.h"
 #include "basesys/ZuGlobalParam.h"
+#include "person/ZuPersonSys.h"
 #include "scene/ZuScene.h"
 
 ZuSceneMgr::~ZuSceneMgr() { destroy(); }
@@ -17,6 +19,9 @@ void ZuSceneMgr::destroy() {
 
 ZuScene* ZuSceneMgr::adopt(ZuScene* scene) {
     scenes.insert(scene->getname(), scene);
+    // Every kind of scene gets its four persons here.
+    ZuPersonSys* persons = app && app->getGlobalMgr() ? app->getGlobalMgr()->getPersonSys() : nullptr;
+    if (persons) persons->createPersonByScene(scene->getname().c_str());
     ZuGlobalParam* param = app ? app->getGlobalParam() : nullptr;
     if (param && !param->activeScene) scene->active();
     return scene;
@@ -56,8 +61,13 @@ bool ZuSceneMgr::destroyScene(const char* name) {
     scenes.remove(entry);
     ZuGlobalParam* param = app ? app->getGlobalParam() : nullptr;
     if (param && param->activeScene == scene) param->activeScene = nullptr;
+    // The persons go after the tree, whose nodes may still unhook from them;
+    // the name is copied since it may be the scene's own.
+    const qz::string sceneName(name);
     scene->scenedestroy();
     scene->release();
+    ZuPersonSys* persons = app && app->getGlobalMgr() ? app->getGlobalMgr()->getPersonSys() : nullptr;
+    if (persons) persons->delPersonByScene(sceneName.c_str());
     return true;
 }
 
