@@ -11,6 +11,7 @@
 #include "data/ZuDataGenSelf.h"
 #include "data/ZuDataMgr.h"
 #include "data/ZuMeshDataMgr.h"
+#include "person/ZuPersonExpressionExt.h"
 #include "person/ZuPersonTracker.h"
 #include "platform/ZuLog.h"
 
@@ -21,6 +22,7 @@ ZuPerson::ZuPerson() {
     // Allocated once for the person's life: nothing per frame.
     faceData = new float[kMaxFaceValues]();
     tracker = new ZuPersonTracker();
+    expression = new ZuPersonExpressionExt();
 }
 
 ZuPerson::~ZuPerson() {
@@ -28,11 +30,13 @@ ZuPerson::~ZuPerson() {
     delete[] faceData;
     faceData = nullptr;
     qzSafeRelease(tracker);
+    qzSafeRelease(expression);
 }
 
 void ZuPerson::init(ZuAppMain* application) {
     app = application;
     tracker->init(application);
+    expression->init(application);
 }
 
 void ZuPerson::destroy() {
@@ -147,6 +151,7 @@ void ZuPerson::_listenData_AS(ZuDataGenAS* gen) {
     }
     ZuRect r = rect();
     tracker->track_as(sceneName.c_str(), faceData, &r, personID);
+    trackExpression(&r);
     noticeOwnListeners();
 }
 
@@ -157,6 +162,7 @@ void ZuPerson::_listenData_ST(ZuDataGenST* gen) {
     takeRecord(*record);
     ZuRect r = rect();
     tracker->track_st(sceneName.c_str(), faceData, &r, personID);
+    trackExpression(&r);
     noticeOwnListeners();
 }
 
@@ -168,6 +174,7 @@ void ZuPerson::_listenData_FP(ZuDataGenFP* gen) {
     takeRecord(*record);
     ZuRect r = rect();
     tracker->track_fp(sceneName.c_str(), faceData, &r, personID);
+    trackExpression(&r);
     noticeOwnListeners();
 }
 
@@ -179,7 +186,17 @@ void ZuPerson::_listenData_self(ZuDataGenSelf* gen) {
     if (record->valid) other = record->other;
     ZuRect r = rect();
     tracker->track_self(sceneName.c_str(), faceData, &r, personID);
+    trackExpression(&r);
     noticeOwnListeners();
+}
+
+void ZuPerson::trackExpression(ZuRect* r) {
+    // Expressions are judged on a real face only, not on the stand-by one.
+    if (existState != 1) return;
+    ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
+    const bool mirror = config && config->getCamera(sceneName.c_str())->mirror;
+    expression->setSceneName(sceneName.c_str());
+    expression->trackExpression(faceData, facePtNum * 2, r, roll, yaw, pitch, personID, mirror);
 }
 
 void ZuPerson::noticeOwnListeners() {

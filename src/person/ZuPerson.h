@@ -96,6 +96,8 @@ private:
     // Shared by every back end: angles, rectangle and landmarks of a valid
     // record, or the no-face state with the centred standard face.
     template <class Record> void takeRecord(const Record& record);
+    // Hands a present face to the expression recogniser.
+    void trackExpression(ZuRect* r);
     // Tells this person's listeners under its own lock.
     void noticeOwnListeners();
     ZuRect rect() const { return ZuRect(rectLeft, rectRight, rectTop, rectBottom); }
