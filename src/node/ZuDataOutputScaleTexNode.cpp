@@ -78,12 +78,7 @@ void ZuDataOutputScaleTexNode::update(float dt) {
         copyObject->setMesh(data ? data->meshFull : nullptr);
         copyObject->setMaterial(material);
     }
-    if (debugOn && debugObject && debugMaterial) {
-        debugMaterial->setTexcoordFlip(1.0f, 1.0f);
-        debugMaterial->setTexture0FBO(fbo, true);
-        debugObject->setMesh(data ? data->meshTopLeft : nullptr);
-        debugObject->setMaterial(debugMaterial);
-    }
+    if (debugOn) ZuOutputPath::placeDebugThumbnail(data, debugObject, debugMaterial, fbo);
 }
 
 void ZuDataOutputScaleTexNode::render() {

@@ -99,12 +99,7 @@ void ZuDataOutputTexNode::update(float dt) {
         copyObject->setMesh(ZuOutputPath::meshFollowingAngle(data, camera ? camera->angle : 0));
         copyObject->setMaterial(material);
     }
-    if (debugOn && debugObject && debugMaterial) {
-        debugMaterial->setTexcoordFlip(1.0f, 1.0f);
-        debugMaterial->setTexture0FBO(fbo, true);
-        debugObject->setMesh(data ? data->meshTopLeft : nullptr);
-        debugObject->setMaterial(debugMaterial);
-    }
+    if (debugOn) ZuOutputPath::placeDebugThumbnail(data, debugObject, debugMaterial, fbo);
 }
 
 void ZuDataOutputTexNode::render() {

@@ -79,18 +79,11 @@ void ZuDataTransNode::setOutFormate(OUTSTEAMTYPE value, int width, int height) {
         QZLOGW("output node %s: size %d x %d refused", m_name.c_str(), width, height);
         return;
     }
-    ZuFboMgr* fbos = app && app->getGlobalMgr() ? app->getGlobalMgr()->getFboMgr() : nullptr;
-    if (!fbos) return;
+    fbo = ZuOutputPath::claimTarget(app, m_uid, width, height, 0.0f, 0.0f, 1.0f, 1.0f);
+    if (!fbo) return;
     format = value;
     outWidth = width;
     outHeight = height;
-    char name[32];
-    snprintf(name, sizeof name, "%d_fbo", m_uid);
-    fbo = fbos->acquireFboTexture(name, width, height, false);
-    if (!fbo) return;
-    fbo->enableSwapBuffer();
-    fbo->setClearColor(0.0f, 0.0f, 1.0f, 1.0f);
-    fbo->retain();
 
     dropMaterial(convertMaterial);
     if (zuIsPackedRgbFormat(format)) {
@@ -135,12 +128,7 @@ void ZuDataTransNode::update(float dt) {
         readObject->setFlip(pboFlip);
         pboFlip = !pboFlip;
     }
-    if (debugOn && debugObject && debugMaterial) {
-        debugMaterial->setTexcoordFlip(1.0f, 1.0f);
-        debugMaterial->setTexture0FBO(fbo, true);
-        debugObject->setMesh(data ? data->meshTopLeft : nullptr);
-        debugObject->setMaterial(debugMaterial);
-    }
+    if (debugOn) ZuOutputPath::placeDebugThumbnail(data, debugObject, debugMaterial, fbo);
 }
 
 void ZuDataTransNode::render() {

@@ -58,18 +58,11 @@ void ZuDataTransNodeOutData::setOutFormate(OUTSTEAMTYPE value, int width, int he
         QZLOGW("ring output node %s: size %d x %d refused", m_name.c_str(), width, height);
         return;
     }
-    ZuFboMgr* fbos = app && app->getGlobalMgr() ? app->getGlobalMgr()->getFboMgr() : nullptr;
-    if (!fbos) return;
+    fbo = ZuOutputPath::claimTarget(app, m_uid, width, height, 0.0f, 0.0f, 0.0f, 0.0f);
+    if (!fbo) return;
     format = value;
     outWidth = width;
     outHeight = height;
-    char name[32];
-    snprintf(name, sizeof name, "%d_fbo", m_uid);
-    fbo = fbos->acquireFboTexture(name, width, height, false);
-    if (!fbo) return;
-    fbo->enableSwapBuffer();
-    fbo->setClearColor(0.0f, 0.0f, 0.0f, 0.0f);
-    fbo->retain();
     if (format == OST_RGBA) {
         convertMaterial = new ZuMaterial(app, "screennor");
         convertMaterial->setTexcoordFlip(1.0f, 1.0f);
@@ -108,12 +101,7 @@ void ZuDataTransNodeOutData::update(float dt) {
         readObject->setMesh(data ? data->meshFull : nullptr);
         readObject->setMaterial(convertMaterial);
     }
-    if (debugOn && debugObject && debugMaterial) {
-        debugMaterial->setTexcoordFlip(1.0f, 1.0f);
-        debugMaterial->setTexture0FBO(fbo, true);
-        debugObject->setMesh(data ? data->meshTopLeft : nullptr);
-        debugObject->setMaterial(debugMaterial);
-    }
+    if (debugOn) ZuOutputPath::placeDebugThumbnail(data, debugObject, debugMaterial, fbo);
 }
 
 void ZuDataTransNodeOutData::render() {

@@ -1,6 +1,9 @@
 #pragma once
 
 class Camera;
+class ZuFboObject;
+class ZuMaterial;
+class ZuRenderObject;
 class ZuAppMain;
 class ZuRenderData;
 class ZuRenderMesh;
@@ -18,4 +21,11 @@ public:
     static ZuRenderMesh* meshUndoingAngle(ZuRenderData* data, int angle);
     // The turn the background applied, for hosts that want the upright picture.
     static ZuRenderMesh* meshFollowingAngle(ZuRenderData* data, int angle);
+    // The node's own target, named after its uid, with a swap texture and the
+    // clear colour; retained for the caller. Null without a framebuffer pool.
+    static ZuFboObject* claimTarget(ZuAppMain* app, int uid, int width, int height, float r, float g, float b,
+                                    float a);
+    // Shows target as a thumbnail in the window's top-left quarter.
+    static void placeDebugThumbnail(ZuRenderData* data, ZuRenderObject* object, ZuMaterial* material,
+                                    ZuFboObject* target);
 };
