@@ -1,10 +1,16 @@
 #include "parse/ZuParseItemTypes.h"
 
+#include "parse/ZuParseGatherFilter.h"
+#include "parse/ZuParseEffectFilter.h"
+#include "parse/ZuParseFaceBeautify.h"
 #include "parse/ZuParseMgr.h"
 #include "parse/ZuParseSound.h"
 #include "parse/ZuParseTimeOut.h"
 
 void registerBuiltinItemTypes(ZuParseMgr* mgr, const CfgFilter& filter) {
     mgr->registDictionary("timeout", ZuParseTimeOut::parseTimeOut);
+    if (CfgFilter::isOn(filter.gather)) mgr->registDictionary("filterGather", ZuParseGatherFilter::parseGatherFilter);
+    mgr->registDictionary("faceBeautify", ZuParseFaceBeautify::parseFaceBeautify);
+    mgr->registDictionary("EffectFilter", ZuParseEffectFilter::parseEffectFilter);
     if (CfgFilter::isOn(filter.audio)) mgr->registDictionary("audio", ZuParseSound::parseSound);
 }

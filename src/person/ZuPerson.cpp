@@ -11,6 +11,7 @@
 #include "data/ZuDataGenSelf.h"
 #include "data/ZuDataMgr.h"
 #include "data/ZuMeshDataMgr.h"
+#include "person/ZuPersonAnimojiMgr.h"
 #include "person/ZuPersonExpressionExt.h"
 #include "person/ZuPersonTracker.h"
 #include "platform/ZuLog.h"
@@ -31,17 +32,22 @@ ZuPerson::~ZuPerson() {
     faceData = nullptr;
     qzSafeRelease(tracker);
     qzSafeRelease(expression);
+    qzSafeRelease(animojiMgr);
 }
 
 void ZuPerson::init(ZuAppMain* application) {
     app = application;
     tracker->init(application);
     expression->init(application);
+    qzSafeRelease(animojiMgr);
+    animojiMgr = new ZuPersonAnimojiMgr(application);
 }
 
 void ZuPerson::destroy() {
     setDetectType(DETECTTYPE_NONE);
     tracker->destroy();
+    if (animojiMgr) animojiMgr->destroy();
+    qzSafeRelease(animojiMgr);
     app = nullptr;
 }
 
@@ -78,6 +84,7 @@ ZuDataGenerate* ZuPerson::generatorOf(DETECTTYPE type) const {
 
 void ZuPerson::setDetectType(DETECTTYPE type) {
     if (type == detectType) return;
+    if (animojiMgr) animojiMgr->init(type);
     // While a generator is telling this person it holds its listener lock,
     // which a registration would take again; the person is already on it.
     if (!listening) {
@@ -175,6 +182,7 @@ void ZuPerson::_listenData_FP(ZuDataGenFP* gen) {
     ZuRect r = rect();
     tracker->track_fp(sceneName.c_str(), faceData, &r, personID);
     trackExpression(&r);
+    trackAnimoji();
     noticeOwnListeners();
 }
 
@@ -197,6 +205,14 @@ void ZuPerson::trackExpression(ZuRect* r) {
     const bool mirror = config && config->getCamera(sceneName.c_str())->mirror;
     expression->setSceneName(sceneName.c_str());
     expression->trackExpression(faceData, facePtNum * 2, r, roll, yaw, pitch, personID, mirror);
+}
+
+void ZuPerson::trackAnimoji() {
+    // Like expressions, blend shapes follow a real face only.
+    if (existState != 1 || !animojiMgr) return;
+    ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
+    const int rotation = config ? config->getCamera(sceneName.c_str())->angle : 0;
+    animojiMgr->detect(faceData, rotation, roll, yaw, pitch);
 }
 
 void ZuPerson::noticeOwnListeners() {

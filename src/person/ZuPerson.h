@@ -98,6 +98,8 @@ private:
     template <class Record> void takeRecord(const Record& record);
     // Hands a present face to the expression recogniser.
     void trackExpression(ZuRect* r);
+    // Hands a present FP face to the blend-shape tracker.
+    void trackAnimoji();
     // Tells this person's listeners under its own lock.
     void noticeOwnListeners();
     ZuRect rect() const { return ZuRect(rectLeft, rectRight, rectTop, rectBottom); }

@@ -2,10 +2,20 @@
 
 #include "node/ZuBackGroundExtTextureNode.h"
 #include "node/ZuBackGroundNode.h"
+#include "node/ZuBeauFilterNode.h"
+#include "node/ZuBeautyNode.h"
 #include "node/ZuBgRenderNode.h"
 #include "node/ZuDataOutputScaleTexNode.h"
 #include "node/ZuDataOutputTexNode.h"
 #include "node/ZuDataTransNode.h"
+#include "node/ZuFaceBeautifyExpand01Node.h"
+#include "node/ZuFaceBeautifyNode.h"
+#include "node/ZuFaceBuffingWhiteNode.h"
+#include "node/ZuFacePointNode.h"
+#include "node/ZuFilter.h"
+#include "node/ZuFilterMultiMaterial.h"
+#include "node/ZuFilterNode.h"
+#include "node/ZuFilterOutter.h"
 #include "node/ZuIconNode.h"
 #include "node/ZuInputFboRenderNode.h"
 #include "node/ZuSeparationBackgroundExtTextureNode.h"
@@ -30,4 +40,14 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuDataOutputScaleTexNode", zuCreateNodeOfType<ZuDataOutputScaleTexNode>);
     creator->registCreateFunc("ZuIconNode", zuCreateNodeOfType<ZuIconNode>);
     creator->registCreateFunc("ZuSoundNode", zuCreateNodeOfType<ZuSoundNode>);
+    creator->registCreateFunc("ZuFacePointNode", zuCreateNodeOfType<ZuFacePointNode>);
+    creator->registCreateFunc("ZuFilter", zuCreateNodeOfType<ZuFilter>);
+    creator->registCreateFunc("ZuFilterOutter", zuCreateNodeOfType<ZuFilterOutter>);
+    creator->registCreateFunc("ZuFilterMultiMaterial", zuCreateNodeOfType<ZuFilterMultiMaterial>);
+    creator->registCreateFunc("ZuFilterNode", zuCreateNodeOfType<ZuFilterNode>);
+    creator->registCreateFunc("ZuBeauFilterNode", zuCreateNodeOfType<ZuBeauFilterNode>);
+    creator->registCreateFunc("ZuFaceBuffingWhiteNode", zuCreateNodeOfType<ZuFaceBuffingWhiteNode>);
+    creator->registCreateFunc("ZuFaceBeautifyNode", zuCreateNodeOfType<ZuFaceBeautifyNode>);
+    creator->registCreateFunc("ZuFaceBeautifyExpand01Node", zuCreateNodeOfType<ZuFaceBeautifyExpand01Node>);
+    creator->registCreateFunc("ZuBeautyNode", zuCreateNodeOfType<ZuBeautyNode>);
 }

@@ -54,3 +54,34 @@ extern const char* const sv_screencolor;
 extern const char* const sf_screencolor;
 extern const char* const sv_texAni;
 extern const char* const sf_texAni;
+
+// Colour passes over the scene picture: tone curves, named looks, run-time curves.
+extern const char* const sv_ToneCurveFilter;
+extern const char* const sf_ToneCurveFilter;
+extern const char* const sf_screenexpand;
+extern const char* const sf_cube16Filter;
+extern const char* const sf_cube64Filter;
+extern const char* const sf_nashvilleFilter;
+extern const char* const sf_valenciaFilter;
+extern const char* const sf_waldenFilter;
+extern const char* const sf_brannanFilter;
+extern const char* const sf_inkwellFilter;
+extern const char* const sf_inkwell02Filter;
+extern const char* const sf_inkwell03Filter;
+extern const char* const sf_new3Filter;
+extern const char* const sf_filterMoon;
+
+// Skin smoothing and whitening, the skin-tone soften and the face warp.
+extern const char* const sv_faceBuffingWhiteEs30;
+extern const char* const sf_faceBuffingWhiteLow;
+extern const char* const sf_faceBuffingWhite;
+extern const char* const sf_faceBuffingWhiteHigh;
+extern const char* const sf_faceBuffingWhiteEs30Low;
+extern const char* const sf_faceBuffingWhiteEs30;
+extern const char* const sf_faceBuffingWhiteEs30High;
+extern const char* const sf_faceBeautify;
+extern const char* const sf_faceBeautifyCurve;
+extern const char* const sv_faceBeautifyEs30;
+extern const char* const sf_faceBeautifyEs30;
+extern const char* const sv_faceBeautyOutline;
+extern const char* const sf_faceBeautyOutline;

@@ -7,6 +7,7 @@
 #include "basesys/ZuAppNative.h"
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
+#include "data/DETECTTYPE.h"
 #include "event/ZuEventMgr.h"
 #include "platform/ZuHeadlessContext.h"
 
@@ -100,6 +101,17 @@ bool HostEngine::waitForEffects(bool queued, int timeoutMs) {
         usleep(stepMs * 1000);
     }
     return false;
+}
+
+void HostEngine::setupFaces(int detectType, bool showPoints) {
+    ZuAppNative* native = m_app->getAppInter();
+    native->setDetectType(static_cast<DETECTTYPE>(detectType));
+    if (showPoints) native->debugFacePt(kSceneName);
+    tick();
+}
+
+void HostEngine::pushFaceRecord(const std::vector<uint8_t>& record) {
+    m_app->getAppInter()->setDetectData(kSceneName, record.data(), static_cast<int>(record.size()));
 }
 
 void HostEngine::pushFrame(const std::vector<uint8_t>& frame) {

@@ -34,6 +34,13 @@ public:
     // timeoutMs and lets the run go on. False on timeout.
     bool waitForEffects(bool queued, int timeoutMs);
 
+    // Switches the engine to a tracker back end (a DETECTTYPE value) and,
+    // with showPoints, adds the face-point debug node; ticks once so both
+    // are in place before the first record.
+    void setupFaces(int detectType, bool showPoints);
+    // Pushes one face record, as a host does with each camera frame.
+    void pushFaceRecord(const std::vector<uint8_t>& record);
+
     // Pushes one camera frame; its size must match the set-up format.
     void pushFrame(const std::vector<uint8_t>& frame);
     void tick();

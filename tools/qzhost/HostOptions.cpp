@@ -55,6 +55,16 @@ void HostOptions::printUsage(FILE* to) {
             "  --assets DIR       the engine's resource folder, added as a search\n"
             "                     path (default: assets)\n"
             "\n"
+            "faces:\n"
+            "  --landmarks FILE   68-point landmarks and pupils of the input photo (the\n"
+            "                     JSON of tools/facetrack); a tracker record is built\n"
+            "                     from it and pushed with every frame\n"
+            "  --detect B         the tracker back end the record imitates: as, st,\n"
+            "                     fp (default) or self\n"
+            "  --show-points      add the face-point debug node: the tracked landmarks\n"
+            "                     are drawn as red points\n"
+            "  --write-record FILE  also write the record's bytes to FILE\n"
+            "\n"
             "output:\n"
             "  --out DIR          write frame_0001.png... (rgba/bgra output) or\n"
             "                     frame_0001.yuv... (YUV output) into DIR\n"
@@ -66,6 +76,10 @@ void HostOptions::printUsage(FILE* to) {
             "\n"
             "examples:\n"
             "  qzhost --effect samples/packages/timeout --out out samples/photos/astronaut.png\n"
+            "  qzhost --landmarks samples/faces/astronaut.landmarks.json --show-points \\\n"
+            "         --out out samples/photos/astronaut.png\n"
+            "  qzhost --landmarks samples/faces/astronaut.landmarks.json --detect as \\\n"
+            "         --write-record astronaut.as.rec samples/photos/astronaut.png\n"
             "  qzhost --raw cam.nv21 --size 640x480 --output-format nv21 --raw-out out.nv21\n");
 }
 
@@ -137,6 +151,17 @@ HostOptions::Outcome HostOptions::parse(int argc, char** argv) {
             ok = takeValue(argc, argv, i, outDir);
         } else if (arg == "--raw-out") {
             ok = takeValue(argc, argv, i, rawOut);
+        } else if (arg == "--landmarks") {
+            ok = takeValue(argc, argv, i, landmarks);
+        } else if (arg == "--detect") {
+            if (!(ok = takeValue(argc, argv, i, value))) break;
+            if (!FaceRecordBuilder::parseBackend(value, &detect))
+                ok = fail("--detect wants as, st, fp or self, not '%s'", value.c_str());
+            detectGiven = true;
+        } else if (arg == "--show-points") {
+            showPoints = true;
+        } else if (arg == "--write-record") {
+            ok = takeValue(argc, argv, i, writeRecord);
         } else if (arg == "--quiet") {
             quiet = true;
         } else if (arg.size() > 1 && arg[0] == '-') {
@@ -170,6 +195,10 @@ bool HostOptions::check() {
     for (const std::string& effect : effects)
         if (!isDirectory(effect) || access((effect + "/config.json").c_str(), R_OK) != 0)
             return fail("the effect package '%s' is not a folder with a config.json", effect.c_str());
+    if (!hasLandmarks() && (detectGiven || showPoints || !writeRecord.empty()))
+        return fail("--detect, --show-points and --write-record need --landmarks FILE");
+    if (hasLandmarks() && access(landmarks.c_str(), R_OK) != 0)
+        return fail("cannot read the landmark file '%s'", landmarks.c_str());
     if (!outDir.empty() && !isDirectory(outDir) && mkdir(outDir.c_str(), 0755) != 0)
         return fail("cannot make the output folder '%s'", outDir.c_str());
     if (access(assets.c_str(), R_OK) != 0) return fail("cannot read the assets folder '%s'", assets.c_str());

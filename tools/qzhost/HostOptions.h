@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CameraFrameConverter.h"
+#include "FaceRecordBuilder.h"
 
 #include <cstdio>
 #include <string>
@@ -31,6 +32,14 @@ public:
     std::vector<std::string> effects;
     bool queueEffects = false;
 
+    // Face input: a landmark file turned into one back end's record, pushed
+    // with every frame.
+    std::string landmarks;  // --landmarks FILE
+    FaceRecordBuilder::Backend detect = FaceRecordBuilder::Backend::FP;
+    bool detectGiven = false;
+    bool showPoints = false;
+    std::string writeRecord; // --write-record FILE
+
     std::string outDir;     // --out DIR
     std::string rawOut;     // --raw-out FILE
     int frames = 0;         // 0: every frame of the input
@@ -38,6 +47,7 @@ public:
     bool quiet = false;     // no progress bar
 
     bool hasRawInput() const { return !rawInput.empty(); }
+    bool hasLandmarks() const { return !landmarks.empty(); }
 
 private:
     bool fail(const char* format, ...) const;

@@ -2,13 +2,16 @@
 // layer does, with a headless GL context instead of a window: camera frames
 // in through the facade, finished frames out to files.
 #include "CameraFrameConverter.h"
+#include "FaceRecordBuilder.h"
 #include "FrameSource.h"
 #include "HostEngine.h"
 #include "HostOptions.h"
+#include "LandmarkFile.h"
 #include "OutputWriter.h"
 #include "ProgressBar.h"
 
 #include <cstdio>
+#include <fstream>
 #include <vector>
 
 namespace {
@@ -27,6 +30,34 @@ int framesToRun(const HostOptions& options, const FrameSource& source) {
     return source.frameCount();
 }
 
+// Builds the face record from --landmarks for a picture of width x height;
+// false after saying why.
+bool buildFaceRecord(const HostOptions& options, int width, int height, std::vector<uint8_t>& record) {
+    LandmarkFile landmarks;
+    if (!landmarks.load(options.landmarks)) {
+        fprintf(stderr, "qzhost: %s\n", landmarks.error().c_str());
+        return false;
+    }
+    // The record is in camera pixels: landmarks of another picture size would land wrong.
+    if (landmarks.width() != width || landmarks.height() != height) {
+        fprintf(stderr, "qzhost: '%s' is for a %d x %d picture, the input is %d x %d\n", options.landmarks.c_str(),
+                landmarks.width(), landmarks.height(), width, height);
+        return false;
+    }
+    record = FaceRecordBuilder::build(landmarks.faces(), options.detect);
+    printf("faces: %zu from '%s', sent as %s records of %zu bytes\n", landmarks.faces().size(),
+           options.landmarks.c_str(), FaceRecordBuilder::backendName(options.detect), record.size());
+    if (options.writeRecord.empty()) return true;
+    std::ofstream out(options.writeRecord, std::ios::binary);
+    out.write(reinterpret_cast<const char*>(record.data()), static_cast<std::streamsize>(record.size()));
+    if (!out.flush()) {
+        fprintf(stderr, "qzhost: cannot write the record file '%s'\n", options.writeRecord.c_str());
+        return false;
+    }
+    printf("wrote %s\n", options.writeRecord.c_str());
+    return true;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -43,6 +74,9 @@ int main(int argc, char** argv) {
     const int height = source.height();
     const int frames = framesToRun(options, source);
 
+    std::vector<uint8_t> faceRecord;
+    if (options.hasLandmarks() && !buildFaceRecord(options, width, height, faceRecord)) return 1;
+
     OutputWriter writer;
     if (!writer.open(options.outDir, options.rawOut, width, height, options.outputType)) return 1;
 
@@ -51,6 +85,8 @@ int main(int argc, char** argv) {
     printf("input: %dx%d, %d frame(s), pushed as %s, read back as %s\n", width, height, frames,
            CameraFrameConverter::formatName(options.cameraFormat), options.outputName.c_str());
     engine.setupScene(width, height, options.cameraFormat, options.outputType);
+    if (options.hasLandmarks())
+        engine.setupFaces(FaceRecordBuilder::detectType(options.detect), options.showPoints);
     engine.loadEffects(options.effects, options.queueEffects);
     if (!engine.waitForEffects(options.queueEffects, 5000))
         fprintf(stderr, "qzhost: warning: effects still loading after 5 s; running anyway\n");
@@ -70,6 +106,7 @@ int main(int argc, char** argv) {
             CameraFrameConverter::convert(frame.data(), frame.size(), width, height, options.cameraFormat, camera);
             pushed = &camera;
         }
+        if (options.hasLandmarks()) engine.pushFaceRecord(faceRecord);
         engine.pushFrame(*pushed);
         engine.tick();
         if (engine.fetch(output)) {

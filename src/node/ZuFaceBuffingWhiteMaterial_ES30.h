@@ -1,0 +1,22 @@
+#pragma once
+
+#include "node/ZuFaceBuffingWhiteMaterial.h"
+
+// The smoother whose skin gate follows the person's own skin hue, sampled on
+// the cheeks between the face contour and the nose wings.
+class ZuFaceBuffingWhiteMaterial_ES30 : public ZuFaceBuffingWhiteMaterial {
+public:
+    static const int kSamples = 6;
+
+    ZuFaceBuffingWhiteMaterial_ES30(ZuAppMain* app, const char* programKey, float width, float height)
+        : ZuFaceBuffingWhiteMaterial(app, programKey, width, height) {}
+
+    void _refreshInner() override;
+    void updateFacePoint(ZuPersonTracker* tracker) override;
+
+    // Sample i as texture coordinates; i outside 0..5 gives null.
+    const float* getSample(int i) const { return i >= 0 && i < kSamples ? samples[i] : nullptr; }
+
+private:
+    float samples[kSamples][2] = {};
+};

@@ -1,0 +1,17 @@
+#include "operate/ZuOperateFilterOut.h"
+
+#include "node/ZuTimedFilter.h"
+#include "render/ZuMaterial.h"
+
+ZuOperateFilterOut::ZuOperateFilterOut(ZuAppMain* app, const char* scene, int, ZuMaterial* material, float seconds)
+    : ZuOperateBase(app), scene(scene ? scene : ""), material(material), seconds(seconds) {
+    if (material) material->retain();
+}
+
+ZuOperateFilterOut::~ZuOperateFilterOut() { qzSafeRelease(material); }
+
+void ZuOperateFilterOut::process(float) {
+    if (!material) return;
+    ZuTimedFilter::show(app, scene.c_str(), RS_FILTER_EARLY, material, seconds);
+    qzSafeRelease(material);
+}
