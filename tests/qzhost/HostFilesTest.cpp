@@ -84,3 +84,32 @@ TEST(OutputWriter, YuvFramesAreWrittenRaw) {
     EXPECT_EQ(writer.written()[0], dir.path() + "frame_0007.yuv");
     EXPECT_FALSE(writer.open("", dir.path() + "missing/dir/out.raw", 4, 2, 2));
 }
+
+TEST(OutputWriter, ComparisonPutsTheInputLeftOfTheFrame) {
+    // 2x2 pictures: the input's top row red, bottom row green; the engine's
+    // frame (bottom row first) blue at the bottom, white on top.
+    const std::vector<uint8_t> red = {255, 0, 0, 255}, green = {0, 255, 0, 255};
+    const std::vector<uint8_t> blue = {0, 0, 255, 255}, white = {255, 255, 255, 255};
+    auto picture = [](const std::vector<std::vector<uint8_t>>& pixels) {
+        std::vector<uint8_t> out;
+        for (const auto& p : pixels) out.insert(out.end(), p.begin(), p.end());
+        return out;
+    };
+    const std::vector<uint8_t> input = picture({red, red, green, green});
+    const std::vector<uint8_t> frame = picture({blue, blue, white, white});
+    TempDir dir;
+    OutputWriter writer;
+    ASSERT_TRUE(writer.open(dir.path(), "", 2, 2, 1));
+    ASSERT_TRUE(writer.write(3, frame));
+    ASSERT_TRUE(writer.writeComparison(3, input));
+    ASSERT_EQ(writer.written().back(), dir.path() + "compare_0003.png");
+    FrameSource back;
+    ASSERT_TRUE(back.openImage(writer.written().back()));
+    EXPECT_EQ(back.width(), 4);
+    std::vector<uint8_t> decoded;
+    ASSERT_TRUE(back.next(decoded));
+    EXPECT_EQ(decoded, picture({red, red, white, white, green, green, blue, blue}));
+    // A short input is no comparison, and no failure either.
+    EXPECT_TRUE(writer.writeComparison(4, std::vector<uint8_t>(3)));
+    EXPECT_EQ(writer.written().size(), 2u);
+}

@@ -13,6 +13,8 @@
 
 #include <GLES2/gl2.h>
 #include <algorithm>
+#include <chrono>
+#include <thread>
 #include <cstdio>
 #include <unistd.h>
 
@@ -116,6 +118,16 @@ void HostEngine::pushFaceRecord(const std::vector<uint8_t>& record) {
 
 void HostEngine::pushFrame(const std::vector<uint8_t>& frame) {
     m_app->getAppInter()->pushCameraData(kSceneName, frame.data(), static_cast<int>(frame.size()));
+}
+
+void HostEngine::settle(const std::vector<uint8_t>& frame, const std::vector<uint8_t>* faceRecord, int ms) {
+    const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(ms);
+    while (std::chrono::steady_clock::now() < until) {
+        if (faceRecord) pushFaceRecord(*faceRecord);
+        pushFrame(frame);
+        tick();
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
 }
 
 void HostEngine::tick() {

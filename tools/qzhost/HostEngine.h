@@ -44,6 +44,9 @@ public:
     // Pushes one camera frame; its size must match the set-up format.
     void pushFrame(const std::vector<uint8_t>& frame);
     void tick();
+    // Pushes frame (and the face record) and ticks for ms milliseconds, so
+    // that what loads in the background has arrived before the first read.
+    void settle(const std::vector<uint8_t>& frame, const std::vector<uint8_t>* faceRecord, int ms);
     // Reads the last finished frame into out, which the caller sizes to at
     // least the output format's frame (fetchRenderData fills it blind); false
     // when no frame has come back.

@@ -71,6 +71,11 @@ void HostOptions::printUsage(FILE* to) {
             "  --raw-out FILE     append every output frame's bytes to FILE\n"
             "                     (.yuv and raw bytes are as the engine delivers\n"
             "                     them: bottom row first; PNGs are upright)\n"
+            "  --compare          also write compare_0001.png...: the input photo and\n"
+            "                     the engine's frame side by side (before, after)\n"
+            "  --warmup MS        tick the first frame for MS milliseconds before\n"
+            "                     reading back, so that look-up images and other\n"
+            "                     background loads have arrived (default 300)\n"
             "  --quiet            no progress bar\n"
             "  --help             show this text\n"
             "\n"
@@ -80,6 +85,8 @@ void HostOptions::printUsage(FILE* to) {
             "         --out out samples/photos/astronaut.png\n"
             "  qzhost --landmarks samples/faces/astronaut.landmarks.json --detect as \\\n"
             "         --write-record astronaut.as.rec samples/photos/astronaut.png\n"
+            "  qzhost --effect samples/packages/filter_pink --compare --out out \\\n"
+            "         samples/photos/astronaut.png\n"
             "  qzhost --raw cam.nv21 --size 640x480 --output-format nv21 --raw-out out.nv21\n");
 }
 
@@ -162,6 +169,16 @@ HostOptions::Outcome HostOptions::parse(int argc, char** argv) {
             showPoints = true;
         } else if (arg == "--write-record") {
             ok = takeValue(argc, argv, i, writeRecord);
+        } else if (arg == "--warmup") {
+            if (!(ok = takeValue(argc, argv, i, value))) break;
+            char* end = nullptr;
+            long ms = strtol(value.c_str(), &end, 10);
+            if (value.empty() || *end != '\0' || ms < 0 || ms > 60000)
+                ok = fail("--warmup wants milliseconds from 0 to 60000, not '%s'", value.c_str());
+            else
+                warmupMs = static_cast<int>(ms);
+        } else if (arg == "--compare") {
+            compare = true;
         } else if (arg == "--quiet") {
             quiet = true;
         } else if (arg.size() > 1 && arg[0] == '-') {
@@ -195,6 +212,8 @@ bool HostOptions::check() {
     for (const std::string& effect : effects)
         if (!isDirectory(effect) || access((effect + "/config.json").c_str(), R_OK) != 0)
             return fail("the effect package '%s' is not a folder with a config.json", effect.c_str());
+    if (compare && (outDir.empty() || hasRawInput() || (outputType != 1 && outputType != 5)))
+        return fail("--compare needs --out DIR, a photo or PNG frames, and rgba or bgra output");
     if (!hasLandmarks() && (detectGiven || showPoints || !writeRecord.empty()))
         return fail("--detect, --show-points and --write-record need --landmarks FILE");
     if (hasLandmarks() && access(landmarks.c_str(), R_OK) != 0)

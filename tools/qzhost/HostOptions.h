@@ -38,6 +38,8 @@ public:
     FaceRecordBuilder::Backend detect = FaceRecordBuilder::Backend::FP;
     bool detectGiven = false;
     bool showPoints = false;
+    bool compare = false;
+    int warmupMs = 300;     // --warmup MS: ticks on the first frame before reading   // --compare: input and output side by side
     std::string writeRecord; // --write-record FILE
 
     std::string outDir;     // --out DIR

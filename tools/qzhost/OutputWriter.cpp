@@ -2,6 +2,7 @@
 
 #include "render/ZuPngWriter.h"
 
+#include <algorithm>
 #include <cstring>
 
 OutputWriter::~OutputWriter() {
@@ -72,6 +73,26 @@ bool OutputWriter::write(int index, const std::vector<uint8_t>& frame) {
             fprintf(stderr, "qzhost: cannot write '%s'\n", path.c_str());
             return false;
         }
+    }
+    m_written.push_back(path);
+    return true;
+}
+
+bool OutputWriter::writeComparison(int index, const std::vector<uint8_t>& input) {
+    const size_t rowBytes = static_cast<size_t>(m_width) * 4;
+    if (m_outDir.empty() || !isPictureOutput() || m_upright.size() < rowBytes * m_height ||
+        input.size() < rowBytes * m_height)
+        return true;
+    std::vector<uint8_t> sheet(rowBytes * 2 * m_height);
+    for (int y = 0; y < m_height; ++y) {
+        std::copy_n(input.begin() + y * rowBytes, rowBytes, sheet.begin() + y * rowBytes * 2);
+        std::copy_n(m_upright.begin() + y * rowBytes, rowBytes, sheet.begin() + y * rowBytes * 2 + rowBytes);
+    }
+    std::string path = m_outDir + (m_outDir.back() == '/' ? "" : "/") + "compare" + frameFileName(index, "png").substr(5);
+    ZuPngWriter writer(nullptr);
+    if (!writer.write(path.c_str(), m_width * 2, m_height, sheet.data())) {
+        fprintf(stderr, "qzhost: cannot write '%s'\n", path.c_str());
+        return false;
     }
     m_written.push_back(path);
     return true;

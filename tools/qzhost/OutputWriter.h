@@ -25,6 +25,9 @@ public:
 
     // Writes frame number index (counted from 1). False after printing why.
     bool write(int index, const std::vector<uint8_t>& frame);
+    // After write(): the input picture (RGBA, top row first) and the frame
+    // just written side by side in compare_NNNN.png. PNG output only.
+    bool writeComparison(int index, const std::vector<uint8_t>& input);
     bool close();
 
     const std::vector<std::string>& written() const { return m_written; }
