@@ -6,8 +6,8 @@
 // enlarging per eye and four slimming factors (1 leaves the face as it is).
 class ZuBeautyMaterial : public ZuGMaterial {
 public:
-    static const int kSlots = 24;
-    static const int kUsed = 12;
+    static constexpr int kSlots = 24;
+    static constexpr int kUsed = 12;
 
     explicit ZuBeautyMaterial(ZuAppMain* app) : ZuGMaterial(app) {}
 

@@ -76,7 +76,7 @@ void ZuBeautyNode::update(float dt) {
 }
 
 void ZuBeautyNode::render() {
-    if (!active || !material || !grid) return;
+    if (!active || !material || !material->getProgram() || !grid) return;
     ZuPerson* person = ZuNodePerson::of(this);
     if (!person || person->getExistState() != 1 || !person->getTracker()) return;
     pushPass(RS_FILTER, "Beauty swap", "Beauty");

@@ -6,6 +6,7 @@
 #include "event/ZuFaceBeautifyEvent.h"
 #include "node/ZuFaceBeautifyOptimizeMaterialEs30.h"
 #include "node/ZuNodePerson.h"
+#include "platform/ZuLog.h"
 
 #include <cstring>
 
@@ -15,9 +16,17 @@ ZuFaceBeautifyExpand01Node::ZuFaceBeautifyExpand01Node(ZuAppMain* app) : ZuFilte
 
 void ZuFaceBeautifyExpand01Node::zuinit() {
     ZuFilter::zuinit();
-    material = new ZuFaceBeautifyOptimizeMaterialEs30(app);
-    material->init();
     ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
+    // The skin mean is sampled in the vertex stage, which ES 2 devices need
+    // not support: there the plain soften runs on the whole picture.
+    if (config && config->glversion < 0x30000) {
+        QZLOGW("ZuFaceBeautifyExpand01Node '%s': the skin-limited soften needs ES 3 (GL version 0x%x); "
+               "softening the whole picture", getname().c_str(), config->glversion);
+        material = new ZuFaceBeautifyOptimizeMaterial(app);
+    } else {
+        material = new ZuFaceBeautifyOptimizeMaterialEs30(app);
+    }
+    material->init();
     if (config)
         material->setWidthAndHeight(static_cast<float>(config->getDesignWidth()),
                                     static_cast<float>(config->getDesignHeight()));
@@ -37,7 +46,7 @@ void ZuFaceBeautifyExpand01Node::update(float dt) {
 }
 
 void ZuFaceBeautifyExpand01Node::render() {
-    if (!material || !ZuNodePerson::trackerOfPresent(this)) return;
+    if (!material || !material->getProgram() || !ZuNodePerson::trackerOfPresent(this)) return;
     pushPass(RS_FILTER, "FaceBeautifyExpand01 swap", "FaceBeautifyExpand01");
 }
 

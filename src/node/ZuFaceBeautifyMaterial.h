@@ -9,8 +9,8 @@
 // lifts the mid tones of skin and darkens only the deepest shadows.
 class ZuFaceBeautifyMaterial : public ZuGMaterial {
 public:
-    static const int kLevels = 256;
-    static const int kOffsets = 16;
+    static constexpr int kLevels = 256;
+    static constexpr int kOffsets = 16;
 
     explicit ZuFaceBeautifyMaterial(ZuAppMain* app);
 

@@ -114,7 +114,7 @@ void ZuFaceBeautifyNode::update(float dt) {
 }
 
 void ZuFaceBeautifyNode::render() {
-    if (!material || !pickObject) return;
+    if (!material || !material->getProgram() || !pickObject) return;
     ZuPerson* person = ZuNodePerson::of(this, 1);
     ZuScene* scene = app && app->getGlobalMgr() ? getActiveScene() : nullptr;
     if (person && person->getExist() && (elapsed > kSamplePeriod || !sampled) && scene) {

@@ -14,7 +14,7 @@ class ZuTexture;
 // before the first read, so the curve never starts from a made-up colour.
 class ZuFaceBeautifyNode : public ZuFilter {
 public:
-    static const int kSamples = 12;
+    static constexpr int kSamples = 12;
     // Time units (the frame delta's) between two skin-tone reads.
     static constexpr float kSamplePeriod = 1000.0f;
 

@@ -6,7 +6,7 @@
 // mean skin colour that the shader compares each pixel with.
 class ZuFaceBeautifyOptimizeMaterialEs30 : public ZuFaceBeautifyOptimizeMaterial {
 public:
-    static const int kSamples = 12;
+    static constexpr int kSamples = 12;
 
     explicit ZuFaceBeautifyOptimizeMaterialEs30(ZuAppMain* app) : ZuFaceBeautifyOptimizeMaterial(app) {}
 

@@ -6,7 +6,7 @@
 // the cheeks between the face contour and the nose wings.
 class ZuFaceBuffingWhiteMaterial_ES30 : public ZuFaceBuffingWhiteMaterial {
 public:
-    static const int kSamples = 6;
+    static constexpr int kSamples = 6;
 
     ZuFaceBuffingWhiteMaterial_ES30(ZuAppMain* app, const char* programKey, float width, float height)
         : ZuFaceBuffingWhiteMaterial(app, programKey, width, height) {}

@@ -71,7 +71,9 @@ void ZuFaceBuffingWhiteNode::update(float dt) {
 }
 
 void ZuFaceBuffingWhiteNode::render() {
-    if (!material) return;
+    // Without a program the draw would be skipped after the swap, losing
+    // the picture for the frame: better no pass at all.
+    if (!material || !material->getProgram()) return;
     pushPass(RS_FILTER, "FaceBuffingWhite swap", "FaceBuffingWhite");
 }
 

@@ -14,6 +14,7 @@
 #include "node/ZuFaceBeautifyMaterial.h"
 #include "node/ZuFaceBeautifyNode.h"
 #include "node/ZuFaceBeautifyOptimizeMaterial.h"
+#include "node/ZuFaceBeautifyOptimizeMaterialEs30.h"
 #include "node/ZuFaceBuffingWhiteMaterial.h"
 #include "node/ZuFaceBuffingWhiteNode.h"
 #include "operate/ZuOperateChangeDetectDataType.h"
@@ -584,6 +585,16 @@ TEST_F(BeautyTest, SkinToneIsSampledOncePerPeriodAndShapesTheCurve) {
 }
 
 TEST_F(BeautyTest, SkinLimitedSoftenDrawsOnlyWithAFace) {
+    // On ES 2 the whole picture is softened instead, with a warning.
+    {
+        LogCapture log;
+        auto* plain = addNode<ZuFaceBeautifyExpand01Node>("ZuFaceBeautifyExpand01Node", "plain");
+        ASSERT_NE(plain, nullptr);
+        EXPECT_EQ(log.count("needs ES 3", ZU_LOG_WARN), 1);
+        EXPECT_EQ(dynamic_cast<ZuFaceBeautifyOptimizeMaterialEs30*>(plain->getMaterial()), nullptr);
+        plain->removeFromParent();
+    }
+    config->glversion = 0x30000;
     auto* node = addNode<ZuFaceBeautifyExpand01Node>("ZuFaceBeautifyExpand01Node", "s_soften_0_5", 5);
     ASSERT_NE(node, nullptr);
     node->updateSmooth(1.0f);
