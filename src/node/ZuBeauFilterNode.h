@@ -11,7 +11,7 @@ class ZuTexture;
 // the picture stays as it is rather than blanking.
 class ZuBeauFilterNode : public ZuFilter {
 public:
-    static const int kImages = 5;
+    static constexpr int kImages = 5;
 
     explicit ZuBeauFilterNode(ZuAppMain* app);
     ~ZuBeauFilterNode() override;

@@ -6,7 +6,7 @@
 // under "shader/filter/filterimg/".
 class ZuBeauFilterTable {
 public:
-    static const int kMaxImages = 5;
+    static constexpr int kMaxImages = 5;
 
     struct Look {
         const char* subType;

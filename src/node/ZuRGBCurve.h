@@ -8,7 +8,7 @@
 // without fused multiply-add, so the tables are the same on every machine.
 class ZuRGBCurve {
 public:
-    static const int kPlane = 256;
+    static constexpr int kPlane = 256;
 
     static void getCurve_brightness(unsigned char* out, delta_rgb_contrast* delta);
     // 0, or -1 when a group's two deltas pull the same way.

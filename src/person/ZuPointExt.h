@@ -22,7 +22,7 @@ public:
         Range contour;
     };
 
-    static const int kMaxAdded = 8 + 8 + 60 + 33;
+    static constexpr int kMaxAdded = 8 + 8 + 60 + 33;
 
     static void foreHead(const Layout& layout, float* points, int& count);
     static void foreHeadHalfCircle(const Layout& layout, float* points, int& count);
