@@ -12,6 +12,7 @@
 #include "data/ZuDetectMgr.h"
 #include "data/ZuDetectST.h"
 #include "data/ZuDetectSelf.h"
+#include "event/ZuEventMgr.h"
 #include "platform/ZuLog.h"
 
 #include <cstddef>
@@ -64,5 +65,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     managers->getDetectMgr()->pushData("fuzz", record.empty() ? nullptr : record.data(),
                                        static_cast<int>(record.size()));
     managers->getDataMgr()->update(0.0f);
+    // Each accepted record announces itself with an event; a real engine
+    // delivers them every tick, and so must this loop or they pile up.
+    managers->getEventMgr()->update(0.0f);
     return 0;
 }

@@ -12,6 +12,7 @@
 #include "data/ZuDataMgr.h"
 #include "data/ZuMeshDataMgr.h"
 #include "person/ZuPersonAnimojiMgr.h"
+#include "person/ZuPersonCopyTarget.h"
 #include "person/ZuPersonExpressionExt.h"
 #include "person/ZuPersonTracker.h"
 #include "platform/ZuLog.h"
@@ -24,6 +25,7 @@ ZuPerson::ZuPerson() {
     faceData = new float[kMaxFaceValues]();
     tracker = new ZuPersonTracker();
     expression = new ZuPersonExpressionExt();
+    copyTarget = new ZuPersonCopyTarget(targetFaceData, kAsPointCount, standardTargetPoints, kTargetValues / 2);
 }
 
 ZuPerson::~ZuPerson() {
@@ -33,6 +35,8 @@ ZuPerson::~ZuPerson() {
     qzSafeRelease(tracker);
     qzSafeRelease(expression);
     qzSafeRelease(animojiMgr);
+    delete copyTarget;
+    copyTarget = nullptr;
 }
 
 void ZuPerson::init(ZuAppMain* application) {
@@ -155,6 +159,7 @@ void ZuPerson::_listenData_AS(ZuDataGenAS* gen) {
             face3dData[i * 3 + 2] = record->face3d[i].z;
         }
         std::memcpy(targetFaceData, record->facePoints, sizeof(record->facePoints));
+        if (copyTargetEnabled) _modifyPointToPerson_AS(copyTargetName.c_str());
     }
     ZuRect r = rect();
     tracker->track_as(sceneName.c_str(), faceData, &r, personID);
@@ -241,6 +246,24 @@ void ZuPerson::convert_standerface(const StanderFace* face, float* out) const {
         out[i * 2] = face->data[i * 2] + dx;
         out[i * 2 + 1] = face->data[i * 2 + 1] + dy;
     }
+}
+
+void ZuPerson::setCopyTarget(const char* name) {
+    copyTargetName = name ? name : "";
+    copyTargetMissingLogged = false;
+}
+
+void ZuPerson::_modifyPointToPerson_AS(const char* name) {
+    ZuMeshDataMgr* meshes = app && app->getGlobalMgr() ? app->getGlobalMgr()->getMeshDataMgr() : nullptr;
+    const StanderFace* face = meshes && name ? meshes->getStanderFace(name) : nullptr;
+    if (!face) {
+        if (!copyTargetMissingLogged)
+            QZLOGW("person %d: copy target \"%s\" is no standard face, the live landmarks stay", personID,
+                   name ? name : "");
+        copyTargetMissingLogged = true;
+        return;
+    }
+    copyTarget->apply(*face, roll, rectLeft, rectRight);
 }
 
 float ZuPerson::getFaceDataX(int i) const {

@@ -17,6 +17,7 @@ class ZuDataGenerate;
 class ZuPersonTracker;
 class ZuPersonExpressionExt;
 class ZuPersonAnimojiMgr;
+class ZuPersonCopyTarget;
 struct StanderFace;
 
 // One slot for a face in one scene. It follows the generator of its back end,
@@ -46,7 +47,9 @@ public:
     void setExistState(int state) { existState = state; }
     void SetShouldCorrect(bool value) { shouldCorrect = value; }
     bool GetShouldCorrect() const { return shouldCorrect; }
-    void setCopyTarget(const char* name) { copyTargetName = name ? name : ""; }
+    // The standard face whose proportions the target face takes (AS only).
+    void setCopyTarget(const char* name);
+    // On: getFaceDataX/Y read the reshaped target face; off: the live one.
     void enableCopyTarget(bool enabled) { copyTargetEnabled = enabled; }
 
     float* getFaceData() { return faceData; }
@@ -109,6 +112,9 @@ private:
     // The standard face centred in the real (rotated) camera frame.
     void convert_standerface(const StanderFace* face, float* out) const;
     ZuDataGenerate* generatorOf(DETECTTYPE type) const;
+    // Reshapes the target face into the named standard face's proportions;
+    // an unknown name leaves it the live landmarks.
+    void _modifyPointToPerson_AS(const char* name);
 
     DETECTTYPE detectType = DETECTTYPE_NONE;
     int facePtNum = 0;
@@ -136,4 +142,7 @@ private:
     float targetFaceData[kTargetValues] = {};
     qz::string copyTargetName;
     bool copyTargetEnabled = false;
+    ZuPersonCopyTarget* copyTarget = nullptr;
+    // A missing copy target face is told once per name, not every frame.
+    bool copyTargetMissingLogged = false;
 };

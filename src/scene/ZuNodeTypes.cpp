@@ -11,7 +11,9 @@
 #include "node/ZuFaceBeautifyExpand01Node.h"
 #include "node/ZuFaceBeautifyNode.h"
 #include "node/ZuFaceBuffingWhiteNode.h"
+#include "node/ZuFaceAxis.h"
 #include "node/ZuFacePointNode.h"
+#include "node/ZuFaceRectNote.h"
 #include "node/ZuFilter.h"
 #include "node/ZuFilterMultiMaterial.h"
 #include "node/ZuFilterNode.h"
@@ -41,6 +43,8 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuIconNode", zuCreateNodeOfType<ZuIconNode>);
     creator->registCreateFunc("ZuSoundNode", zuCreateNodeOfType<ZuSoundNode>);
     creator->registCreateFunc("ZuFacePointNode", zuCreateNodeOfType<ZuFacePointNode>);
+    creator->registCreateFunc("ZuFaceRectNote", zuCreateNodeOfType<ZuFaceRectNote>);
+    creator->registCreateFunc("ZuFaceAxis", zuCreateNodeOfType<ZuFaceAxis>);
     creator->registCreateFunc("ZuFilter", zuCreateNodeOfType<ZuFilter>);
     creator->registCreateFunc("ZuFilterOutter", zuCreateNodeOfType<ZuFilterOutter>);
     creator->registCreateFunc("ZuFilterMultiMaterial", zuCreateNodeOfType<ZuFilterMultiMaterial>);

@@ -16,6 +16,7 @@
 #include "person/ZuPosData.h"
 #include "scene/ZuSceneMgr.h"
 #include "support/GLTest.h"
+#include "support/WireRecord.h"
 
 #include <cmath>
 #include <cstring>
@@ -151,21 +152,7 @@ TEST(AnimojiMgr, TurnsPointsAndRollByCameraRotation) {
     EXPECT_NEAR(turned.getYaw(), yaw1 + (12.0f - yaw1) * 0.3f, 1e-5);
 }
 
-// Little-endian writer, independent of the engine's reader.
-struct Record {
-    std::vector<uint8_t> bytes;
-    void i32(int32_t v) {
-        uint32_t u;
-        std::memcpy(&u, &v, 4);
-        for (int k = 0; k < 4; ++k) bytes.push_back(static_cast<uint8_t>(u >> (8 * k)));
-    }
-    void f32(float v) {
-        int32_t i;
-        std::memcpy(&i, &v, 4);
-        i32(i);
-    }
-    int size() const { return static_cast<int>(bytes.size()); }
-};
+using Record = WireRecord;
 
 // One FP face, landmarks in engine coordinates (y from the bottom).
 struct Face {

@@ -18,6 +18,7 @@
 #include "person/ZuPersonTracker.h"
 #include "scene/ZuSceneMgr.h"
 #include "support/GLTest.h"
+#include "support/WireRecord.h"
 
 #include <algorithm>
 #include <cmath>
@@ -35,21 +36,7 @@ struct Pt {
     float x, y;
 };
 
-// Little-endian writer, independent of the engine's reader.
-struct Record {
-    std::vector<uint8_t> bytes;
-    void i32(int32_t v) {
-        uint32_t u;
-        std::memcpy(&u, &v, 4);
-        for (int k = 0; k < 4; ++k) bytes.push_back(static_cast<uint8_t>(u >> (8 * k)));
-    }
-    void f32(float v) {
-        int32_t i;
-        std::memcpy(&i, &v, 4);
-        i32(i);
-    }
-    int size() const { return static_cast<int>(bytes.size()); }
-};
+using Record = WireRecord;
 
 // One face as the tracker sends it (wire coordinates, y from the top).
 struct Face {
