@@ -9,6 +9,7 @@
 #include "person/ZuPerson.h"
 #include "person/ZuPersonAnimojiMgr.h"
 #include "person/ZuPersonExpressionExt.h"
+#include "person/ZuPosData.h"
 
 #include <benchmark/benchmark.h>
 
@@ -148,5 +149,26 @@ void BM_FpFaceFrame(benchmark::State& state) {
     detects->destroy();
 }
 BENCHMARK(BM_FpFaceFrame);
+
+} // namespace
+
+namespace {
+
+// Reading the head-pose position table, as each person does when its back
+// end turns to FP: the whole file parsed into rows.
+void BM_LoadPositionTable(benchmark::State& state) {
+    Engine engine;
+    engine.app->addRespath(QZ_BENCH_ASSETS);
+    ZuPosData table(engine.app);
+    for (auto _ : state) {
+        table.init("shader/animoji_pos/animoji_def_pos.pos");
+        if (table.getRowCount() == 0) {
+            state.SkipWithError("no position table");
+            break;
+        }
+    }
+    state.counters["rows"] = table.getRowCount();
+}
+BENCHMARK(BM_LoadPositionTable)->Unit(benchmark::kMillisecond);
 
 } // namespace

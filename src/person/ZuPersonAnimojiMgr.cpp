@@ -1,6 +1,9 @@
 #include "person/ZuPersonAnimojiMgr.h"
 
+#include "basesys/ZuAppMain.h"
+#include "basesys/ZuGlobalMgr.h"
 #include "person/ZuPersonAnimoji_FP.h"
+#include "person/ZuPersonSys.h"
 #include "person/ZuPosData.h"
 #include "platform/ZuLog.h"
 
@@ -19,8 +22,13 @@ void ZuPersonAnimojiMgr::init(DETECTTYPE type) {
     qzSafeRelease(posData);
     detectType = type;
     if (type == DETECTTYPE_FP) tracker = new ZuPersonAnimoji_FP(app);
-    posData = new ZuPosData(app);
-    posData->init(kPosFile);
+    // The table is the same for every person: the engine reads it once.
+    ZuPersonSys* persons = app && app->getGlobalMgr() ? app->getGlobalMgr()->getPersonSys() : nullptr;
+    posData = persons ? persons->retainPositionTable() : nullptr;
+    if (!posData) {
+        posData = new ZuPosData(app);
+        posData->init(ZuPosData::kDefaultFile);
+    }
     if (tracker) tracker->setPosData(posData);
 }
 

@@ -14,7 +14,6 @@ class ZuPosData;
 class ZuPersonAnimojiMgr : public ZuGBase {
 public:
     static constexpr int kPointCount = 106;
-    static constexpr const char* kPosFile = "shader/animoji_pos/animoji_def_pos.pos";
 
     explicit ZuPersonAnimojiMgr(ZuAppMain* app) : ZuGBase(app) {}
     ~ZuPersonAnimojiMgr() override { destroy(); }

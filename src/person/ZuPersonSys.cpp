@@ -5,6 +5,7 @@
 #include "basesys/ZuGlobalMgr.h"
 #include "basesys/ZuGlobalParam.h"
 #include "person/ZuPerson.h"
+#include "person/ZuPosData.h"
 #include "platform/ZuLog.h"
 #include "scene/ZuScene.h"
 
@@ -30,9 +31,24 @@ void ZuPersonSys::releasePersons(PersonList* persons) {
 }
 
 void ZuPersonSys::destroy() {
-    ZuLockGuard guard(lock);
-    for (auto it = scenes.getIterator(); !it.atEnd(); ++it) releasePersons(it->getValue());
-    scenes.clear();
+    {
+        ZuLockGuard guard(lock);
+        for (auto it = scenes.getIterator(); !it.atEnd(); ++it) releasePersons(it->getValue());
+        scenes.clear();
+    }
+    ZuLockGuard guard(tableLock);
+    qzSafeRelease(positionTable);
+}
+
+ZuPosData* ZuPersonSys::retainPositionTable() {
+    if (!app) return nullptr;
+    ZuLockGuard guard(tableLock);
+    if (!positionTable) {
+        positionTable = new ZuPosData(app);
+        positionTable->init(ZuPosData::kDefaultFile);
+    }
+    positionTable->retain();
+    return positionTable;
 }
 
 void ZuPersonSys::createPersonByScene(const char* scene) {

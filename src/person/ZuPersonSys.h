@@ -11,6 +11,8 @@ class ZuPerson;
 
 // The persons of every scene: exactly four per scene, ids 1 to 4 in list
 // order, made with the scene and released with it.
+class ZuPosData;
+
 class ZuPersonSys : public ZuGBase {
 public:
     static constexpr int kPersonsPerScene = kMaxDetectFaces;
@@ -39,6 +41,11 @@ public:
     // Persons with a face in the latest record; those only kept present do not count.
     int getPersonExistNum(const char* scene) const;
 
+    // The head-pose position table of the animoji trackers, read once for the
+    // engine and shared by every person (it never changes once read):
+    // retained for the caller. Null only when there is no engine.
+    ZuPosData* retainPositionTable();
+
 private:
     using PersonList = qz::list<ZuPerson*>;
 
@@ -49,4 +56,7 @@ private:
     qz::map<qz::string, PersonList*> scenes;
     ZuLock lock;
     DETECTTYPE detectType = DETECTTYPE_NONE;
+    // Its own lock: persons ask for it while the person lock may be held.
+    ZuLock tableLock;
+    ZuPosData* positionTable = nullptr;
 };

@@ -13,6 +13,8 @@ class ZuPosData : public ZuGBase {
 public:
     static constexpr int kKeyLength = 6;
     static constexpr int kRowValues = 58;
+    // The engine's table of the neutral face.
+    static constexpr const char* kDefaultFile = "shader/animoji_pos/animoji_def_pos.pos";
 
     // Six key characters and a terminator; compared as bytes.
     struct Key {

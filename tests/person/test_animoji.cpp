@@ -261,6 +261,11 @@ TEST_F(AnimojiTest, ShippedTableLoadsAndItsFrontRowIsTheStandardFace) {
         for (int j = i + 1; j < 29; ++j)
             EXPECT_NEAR(dist(rowPt(i), rowPt(j)), dist(stdPt(i), stdPt(j)) / scale, 1.5f) << i << " " << j;
 
+    // Every person reads the same table: the engine loads it once.
+    ZuPerson* second = managers->getPersonSys()->getPerson("cam", 2);
+    ASSERT_NE(second, nullptr);
+    EXPECT_EQ(second->getAnimojiMgr()->getPosData(), table);
+
     // A file that is not there leaves a table empty.
     ZuPosData missing(app);
     missing.retain();
