@@ -1,5 +1,6 @@
 // The curve tables of the run-time look, against the parabolas written out
 // here from their three defining points, and the clamping rules.
+#include "node/ZuInterpolation.h"
 #include "node/ZuRGBCurve.h"
 
 #include <gtest/gtest.h>
@@ -125,4 +126,36 @@ TEST(RGBCurve, StraightContrastIsTwoClampedLines) {
     Planes untouched = identity();
     ZuRGBCurve::adjust_contrast(untouched.data(), 100, 120, 0);
     EXPECT_EQ(untouched, identity()) << "a lower end above the pivot writes nothing";
+}
+
+TEST(Spline, NaturalCubicThroughControlPointsWithStraightEnds) {
+    // Three points on a line: the spline is the line itself.
+    CurveLine line;
+    for (float v : {0.0f, 0.0f, 100.0f, 100.0f, 255.0f, 255.0f}) line.push_back(v);
+    CurveLine out;
+    ZuInterpolation::_splineCurve(&out, &line);
+    ASSERT_EQ(out.size(), 256u * 2);
+    for (uint32_t i = 0; i < out.size() / 2; ++i) {
+        EXPECT_FLOAT_EQ(out[2 * i], static_cast<float>(i));
+        EXPECT_NEAR(out[2 * i + 1], static_cast<float>(i), 1e-4) << i;
+    }
+
+    // (0, 0), (128, 192), (255, 255): with d0 = d2 = 0 the one equation left
+    // is (255 / 3) d1 = 63/127 - 192/128, and at x = 64 (t = 1/2) the curve
+    // lies above the chord by (128^2 / 6) * (t - t^3) * -d1.
+    CurveLine bent;
+    for (float v : {0.0f, 0.0f, 128.0f, 192.0f, 255.0f, 255.0f}) bent.push_back(v);
+    CurveLine curve;
+    ZuInterpolation::_splineCurve(&curve, &bent);
+    const double d1 = (63.0 / 127.0 - 192.0 / 128.0) / (255.0 / 3.0);
+    const double expected = 0.5 * 192.0 + 128.0 * 128.0 / 6.0 * (0.125 - 0.5) * d1;
+    EXPECT_NEAR(curve[2 * 64 + 1], expected, 1e-3);
+    EXPECT_FLOAT_EQ(curve[2 * 128 + 1], 192.0f) << "the curve passes its control points";
+
+    // A point that steps back in x is skipped rather than divided by.
+    CurveLine back;
+    for (float v : {0.0f, 0.0f, 50.0f, 300.0f, 40.0f, 10.0f}) back.push_back(v);
+    CurveLine skipped;
+    ZuInterpolation::_splineCurve(&skipped, &back);
+    for (uint32_t i = 0; i < skipped.size(); i += 2) EXPECT_LE(skipped[i + 1], 255.0f) << "clamped";
 }
