@@ -11,13 +11,14 @@ namespace {
 
 const int kSide = 32;
 
-// Top half red, bottom half blue, so colour and orientation both show.
-std::vector<uint8_t> splitFrame() {
+// Top half red, bottom half blue, so colour and orientation both show;
+// swapped, the other way round.
+std::vector<uint8_t> splitFrame(bool swapped = false) {
     std::vector<uint8_t> rgba(kSide * kSide * 4);
     for (int y = 0; y < kSide; ++y)
         for (int x = 0; x < kSide; ++x) {
             uint8_t* p = &rgba[(y * kSide + x) * 4];
-            bool top = y < kSide / 2;
+            bool top = (y < kSide / 2) != swapped;
             p[0] = top ? 230 : 20;
             p[1] = 20;
             p[2] = top ? 20 : 230;
@@ -48,12 +49,20 @@ TEST(HostEngine, EveryCameraFormatRoundTripsThroughTheEngine) {
         std::vector<uint8_t> camera, out(kSide * kSide * 4);
         ASSERT_TRUE(CameraFrameConverter::convert(rgba.data(), rgba.size(), kSide, kSide, format, camera));
         engine.pushFrame(camera);
-        engine.tick();
+        engine.renderFrame();
         ASSERT_TRUE(engine.fetch(out));
         const uint8_t* firstRow = &out[(2 * kSide + 5) * 4];              // near the bottom
         const uint8_t* lastRow = &out[((kSide - 3) * kSide + 5) * 4];     // near the top
         expectNear(firstRow, 20, 20, 230);
         expectNear(lastRow, 230, 20, 20);
+        // The next frame comes back as itself, not one frame late.
+        std::vector<uint8_t> swapped = splitFrame(true);
+        ASSERT_TRUE(CameraFrameConverter::convert(swapped.data(), swapped.size(), kSide, kSide, format, camera));
+        engine.pushFrame(camera);
+        engine.renderFrame();
+        ASSERT_TRUE(engine.fetch(out));
+        expectNear(firstRow, 230, 20, 20);
+        expectNear(lastRow, 20, 20, 230);
         engine.stop();
     }
 }

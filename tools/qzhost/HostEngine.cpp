@@ -42,14 +42,14 @@ bool HostEngine::start(const std::string& assets) {
 
     m_app = new ZuAppMain();
     m_app->init();
-    // As a phone host does, tell the engine its GL before the start. We
-    // declare ES 2 even on an ES 3 context: the ES 3 read-back is
-    // double-buffered and hands each frame out one tick late, while the
-    // ES 2 path reads synchronously, so every fetched frame belongs to the
-    // frame pushed in the same tick. Offline, exact pairing beats overlap.
+    // As a phone host does, tell the engine its GL before the start, so
+    // that the ES 3 paths (best skin quality, multisampling) are taken
+    // where the context allows them. The ES 3 read-back is double-buffered
+    // and hands a frame out one tick late; renderFrame() makes up for it.
     auto* hostConfig = new ZuConfig(m_app);
     hostConfig->init();
-    hostConfig->glversion = 0x20000;
+    m_es3 = es3;
+    hostConfig->glversion = es3 ? 0x30000 : 0x20000;
     m_app->getGlobalMgr()->setConfig(hostConfig);
     hostConfig->release();
     m_app->addRespath(assets.c_str());
@@ -128,6 +128,13 @@ void HostEngine::settle(const std::vector<uint8_t>& frame, const std::vector<uin
         tick();
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
+}
+
+void HostEngine::renderFrame() {
+    tick();
+    // The frame just rendered is read into a pixel buffer that the next
+    // tick hands out: render it once more so that fetch() returns it.
+    if (m_es3) tick();
 }
 
 void HostEngine::tick() {

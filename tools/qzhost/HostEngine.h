@@ -44,6 +44,8 @@ public:
     // Pushes one camera frame; its size must match the set-up format.
     void pushFrame(const std::vector<uint8_t>& frame);
     void tick();
+    // Renders the pushed frame so that the next fetch() returns exactly it.
+    void renderFrame();
     // Pushes frame (and the face record) and ticks for ms milliseconds, so
     // that what loads in the background has arrived before the first read.
     void settle(const std::vector<uint8_t>& frame, const std::vector<uint8_t>* faceRecord, int ms);
@@ -59,6 +61,7 @@ public:
     void stop();
 
 private:
+    bool m_es3 = false;
     ZuAppMain* m_app = nullptr;
     PackageWatcher* m_watcher = nullptr;
 };

@@ -125,7 +125,7 @@ int main(int argc, char** argv) {
         }
         if (options.hasLandmarks()) engine.pushFaceRecord(faceRecord);
         engine.pushFrame(*pushed);
-        engine.tick();
+        engine.renderFrame();
         if (engine.fetch(output)) {
             ++fetched;
             std::vector<uint8_t> result(output.begin(), output.begin() + writer.frameBytes());
