@@ -35,6 +35,7 @@
 #include "support/GLTest.h"
 #include "support/LogCapture.h"
 #include "support/TempDir.h"
+#include "node/FilterFixture.h"
 
 #include <chrono>
 #include <cmath>
@@ -45,150 +46,8 @@
 
 namespace {
 
-using Bytes = std::vector<uint8_t>;
-const int kSide = 32;
-
-// The test picture: red grows to the right, green upwards, blue is a fixed
-// mid value with a checker of +-40, so that every channel spans a range.
-Bytes testPicture() {
-    Bytes pixels(kSide * kSide * 4);
-    for (int y = 0; y < kSide; ++y)
-        for (int x = 0; x < kSide; ++x) {
-            uint8_t* p = &pixels[(y * kSide + x) * 4];
-            p[0] = static_cast<uint8_t>(20 + x * 7);
-            p[1] = static_cast<uint8_t>(30 + y * 6);
-            p[2] = static_cast<uint8_t>(((x / 4 + y / 4) % 2) ? 150 : 70);
-            p[3] = 255;
-        }
-    return pixels;
-}
-
-// Draws a picture over the whole scene in the background stream.
-class PainterNode : public ZuNode {
-public:
-    explicit PainterNode(ZuAppMain* app) : ZuNode(app) {}
-    void zuinit() override {
-        picture = new ZuTexture2D(app);
-        picture->zuinit();
-        picture->setwidth(kSide);
-        picture->setheight(kSide);
-        picture->setinformate(GL_RGBA);
-        picture->setdataformate(GL_RGBA);
-        Bytes pixels = testPicture();
-        picture->setData(pixels.data(), 0, false);
-        picture->apply();
-        picture->setbLoad(true);
-        material = new ZuMaterial(app, "screennor");
-        material->setTexture0(picture);
-        material->setDepthTest(false);
-        material->setBlendEnable(false);
-        object = new ZuRenderObject(app);
-    }
-    void zudestroy() override {
-        if (material) material->destroy();
-        qzSafeRelease(material);
-        qzSafeRelease(object);
-        if (picture) picture->zudestroy();
-        qzSafeRelease(picture);
-        ZuNode::zudestroy();
-    }
-    void update(float dt) override {
-        ZuNode::update(dt);
-        object->setMesh(app->getGlobalMgr()->getRenderMgr()->getRenderData()->meshFull);
-        object->setMaterial(material);
-    }
-    void render() override {
-        ZuScene* scene = app->getGlobalParam()->activeScene;
-        object->pushCmd(scene ? scene->getRenderScene() : nullptr, RS_BG_RENDER, "painter");
-    }
-
-private:
-    ZuTexture* picture = nullptr;
-    ZuMaterial* material = nullptr;
-    ZuRenderObject* object = nullptr;
-};
-
-class FilterTest : public GLTest {
-protected:
-    void SetUp() override {
-        GLTest::SetUp();
-        app = new ZuAppMain();
-        app->init();
-        app->addRespath(packages.path().c_str());
-        app->addRespath((std::string(QZ_SOURCE_DIR) + "/assets/").c_str());
-        app->initZuBase();
-        nodes = app->getGlobalMgr()->getNodeMgr();
-        nodes->getCreator()->registCreateFunc("PainterNode", zuCreateNodeOfType<PainterNode>);
-        app->getAppInter()->createLogicSceneFull("s", kSide, kSide, kSide, kSide);
-        frame();
-        scene = app->getGlobalMgr()->getSceneMgr()->getScene("s");
-        ASSERT_NE(scene, nullptr);
-        ZuNode* painter = nodes->getCreator()->createNode("PainterNode", "s", "painter");
-        ASSERT_NE(painter, nullptr);
-        scene->addChild(painter);
-        frame();
-        base = picture();
-    }
-    void TearDown() override {
-        app->setState("test", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
-    }
-    void frame(float delta = 16.0f) {
-        app->getGlobalMgr()->update(delta);
-        app->directrender("");
-    }
-    // Frames until done() holds; false after five seconds. Images decode on
-    // the load thread, which paces itself, so the wait is in time, not frames.
-    bool waitFor(const std::function<bool()>& done) {
-        for (int i = 0; i < 1000; ++i) {
-            frame();
-            if (done()) return true;
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
-        }
-        return false;
-    }
-    void push(ZuOperateBase* op) {
-        app->getGlobalMgr()->getOperateMgr()->pushOperate(op);
-        op->release();
-    }
-    // The scene's finished picture, bottom row first.
-    Bytes picture() {
-        ZuTexture* main = scene->getFbo()->getMainTex();
-        GLuint fb = 0;
-        glGenFramebuffers(1, &fb);
-        glBindFramebuffer(GL_FRAMEBUFFER, fb);
-        glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, main->getid(), 0);
-        Bytes pixels = readPixels(0, 0, kSide, kSide);
-        glBindFramebuffer(GL_FRAMEBUFFER, 0);
-        glDeleteFramebuffers(1, &fb);
-        return pixels;
-    }
-    template <class T> T* addNode(const char* type, const char* name) {
-        auto* node = dynamic_cast<T*>(nodes->getCreator()->createNode(type, "s", name));
-        if (node) scene->addChild(node);
-        return node;
-    }
-    // Largest per-channel difference between two pictures (colour only).
-    static int maxDifference(const Bytes& a, const Bytes& b) {
-        int worst = 0;
-        for (size_t i = 0; i < a.size(); ++i)
-            if (i % 4 != 3) worst = std::max(worst, std::abs(int(a[i]) - int(b[i])));
-        return worst;
-    }
-    static double mean(const Bytes& pixels, int channel) {
-        double sum = 0;
-        for (size_t i = channel; i < pixels.size(); i += 4) sum += pixels[i];
-        return sum / (pixels.size() / 4);
-    }
-
-    TempDir packages;
-    ZuAppMain* app = nullptr;
-    ZuNodeMgr* nodes = nullptr;
-    ZuScene* scene = nullptr;
-    Bytes base;
-};
+using namespace filtertest;
+using FilterTest = FilterFixture<GLTest>;
 
 // An inverting brightness table for the run-time look: each value v -> 255 - v.
 std::vector<char> invertingTable() {
@@ -502,4 +361,51 @@ TEST_F(FilterTest, FilterGatherItemsPickALookBySubTypeOrByAFilterFile) {
     ASSERT_NE(shortFile, nullptr);
     EXPECT_FALSE(shortFile->hasLook());
     EXPECT_EQ(log.count("shorter than 256", ZU_LOG_WARN), 1);
+}
+
+// Every look through a package, one after another on a colour chart: each
+// changes the chart, and no two looks give the same picture.
+class LookChartTest : public FilterTest {
+protected:
+    void SetUp() override {
+        PainterNode::useChart() = true;
+        FilterTest::SetUp();
+    }
+    void TearDown() override {
+        FilterTest::TearDown();
+        PainterNode::useChart() = false;
+    }
+};
+
+TEST_F(LookChartTest, EveryLookFromAPackageChangesTheChartAndDiffersFromEveryOther) {
+    std::vector<Bytes> graded(ZUBEAUFILTER_COUNT);
+    for (int type = 0; type < ZUBEAUFILTER_COUNT; ++type) {
+        const ZuBeauFilterTable::Look* look = ZuBeauFilterTable::lookOf(type);
+        const std::string name = std::string("look_") + look->subType;
+        packages.write(name + "/config.json", std::string(R"({"param": [{"id": "look", "type": "filterGather", "subType": ")") +
+                                                  look->subType + "\"}]}");
+        const int resUID = 100 + type;
+        app->getAppInter()->loadEffect("s", name.c_str(), resUID);
+        ZuBeauFilterNode* node = nullptr;
+        const std::string nodeName = "s_look_0_" + std::to_string(resUID);
+        ASSERT_TRUE(waitFor([&] {
+            node = dynamic_cast<ZuBeauFilterNode*>(nodes->getNode(nodeName.c_str()));
+            if (!node) return false;
+            for (int i = 0; i < ZuBeauFilterNode::kImages; ++i)
+                if (node->getFilterTex(i) && !node->getFilterTex(i)->getbLoad()) return false;
+            return true;
+        })) << look->subType;
+        frame();
+        graded[type] = picture();
+        EXPECT_GE(maxDifference(graded[type], base), 3) << look->subType << " left the chart as it was";
+        app->getAppInter()->delEffect("s", name.c_str(), resUID);
+        frame();
+        frame();
+        ASSERT_EQ(picture(), base) << look->subType << " stayed after its package was deleted";
+    }
+    for (int a = 0; a < ZUBEAUFILTER_COUNT; ++a)
+        for (int b = a + 1; b < ZUBEAUFILTER_COUNT; ++b)
+            EXPECT_GE(maxDifference(graded[a], graded[b]), 2)
+                << ZuBeauFilterTable::lookOf(a)->subType << " and " << ZuBeauFilterTable::lookOf(b)->subType
+                << " look the same on the chart";
 }
