@@ -1,9 +1,12 @@
-// What a full-screen colour or beauty pass costs per frame at a phone's
-// preview size (720 x 1280): the whole frame (update, replay, glFinish) with
-// no pass, with a named look of each cube size, with the run-time curve look
-// and with skin smoothing at an ES 2 and an ES 3 quality. The GL here is
-// Mesa's software rasteriser, so the figures are CPU milliseconds: compare
-// the passes with each other and with the empty frame, not with a phone.
+// What beauty and colour passes add to a camera frame, at a phone's preview
+// sizes (720 x 1280 and 1080 x 1920). Each iteration is the whole frame path
+// a host drives through ZuAppNative: an NV21 camera frame pushed, converted
+// into the scene, the passes, and the RGBA output read back (glFinish
+// included). Configurations: the camera path alone; with smoothing and
+// whitening at the default quality (6) and at the lowest (1); with a named
+// look alone; with smoothing, whitening and a look; with the run-time curve
+// look. The GL is Mesa's software rasteriser, so the figures are CPU
+// milliseconds: compare configurations with each other, not with a phone.
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuAppNative.h"
 #include "basesys/ZuConfig.h"
@@ -29,10 +32,17 @@
 
 namespace {
 
-enum Pass { kNone, kCube16, kCube64, kCurves, kSmoothEs2, kSmoothEs3 };
+enum Passes { kCameraOnly, kSmoothDefault, kSmoothLowest, kLook, kSmoothAndLook, kCurves, kPassesCount };
 
-struct FilterFrame {
-    explicit FilterFrame(Pass pass) {
+const char* const kLabels[kPassesCount] = {"camera path alone", "+ smoothing/whitening, quality 6",
+                                           "+ smoothing/whitening, quality 1", "+ look (64-level cube)",
+                                           "+ smoothing q6 + look", "+ run-time curve look"};
+
+const char* const kScene = "bench";
+
+class CameraFrame {
+public:
+    CameraFrame(int width, int height, Passes passes) : width(width), height(height) {
         if (!ZuHeadlessContext::instance().makeCurrent(3)) {
             fprintf(stderr, "headless GL unavailable: %s\n", ZuHeadlessContext::instance().error().c_str());
             std::exit(1);
@@ -44,61 +54,86 @@ struct FilterFrame {
         app->initZuBase();
         ZuConfig* config = app->getGlobalMgr()->getConfig();
         config->glversion = 0x30000;
-        config->faceBeautyType = pass == kSmoothEs3 ? 6 : 3;
-        app->getAppInter()->createLogicSceneFull("b", 720, 1280, 720, 1280);
+        config->faceBeautyType = passes == kSmoothLowest ? 1 : 6;
+        Camera* camera = config->getCamera(kScene);
+        camera->width = width;
+        camera->height = height;
+        camera->angle = 0;
+
+        ZuAppNative* native = app->getAppInter();
+        native->createLogicSceneFull(kScene, width, height, width, height);
+        native->createBGNode(kScene, 1); // NV21
+        native->setOutSteamFormate(kScene, 1, true, false);
+        // The set-up operations (camera format among them) run in this tick,
+        // before the first frame is pushed.
+        app->update();
+        app->directrender("");
+        nv21.assign(static_cast<size_t>(width) * height * 3 / 2, 128);
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x) nv21[static_cast<size_t>(y) * width + x] = static_cast<uint8_t>((x ^ y) & 0xFF);
+        output.resize(static_cast<size_t>(width) * height * 4);
         frame();
-        ZuScene* scene = app->getGlobalMgr()->getSceneMgr()->getScene("b");
-        ZuNodeCreator* creator = app->getGlobalMgr()->getNodeMgr()->getCreator();
-        ZuNode* node = nullptr;
-        switch (pass) {
-        case kNone: break;
-        case kCube16:
-        case kCube64: {
-            auto* look = dynamic_cast<ZuBeauFilterNode*>(creator->createNode("ZuBeauFilterNode", "b", "look"));
-            look->setFilterType(pass == kCube16 ? ZUBEAUFILTER_PINK : ZUBEAUFILTER_SNOW);
-            waitFor([look] { return look->getFilterTex(0)->getbLoad(); });
-            node = look;
-            break;
+
+        if (passes == kSmoothDefault || passes == kSmoothLowest || passes == kSmoothAndLook) add("ZuFaceBuffingWhiteNode", "skin");
+        if (passes == kLook || passes == kSmoothAndLook) {
+            auto* look = dynamic_cast<ZuBeauFilterNode*>(add("ZuBeauFilterNode", "look"));
+            if (look) {
+                look->setFilterType(ZUBEAUFILTER_SNOW);
+                for (int i = 0; i < 1000 && !look->getFilterTex(0)->getbLoad(); ++i) {
+                    frame();
+                    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+                }
+            }
         }
-        case kCurves: {
-            auto* curves = dynamic_cast<ZuFilterNode*>(creator->createNode("ZuFilterNode", "b", "curves"));
-            curves->setFilterType(ZU_FILTER_GATHER_MOON);
-            node = curves;
-            break;
+        if (passes == kCurves) {
+            if (auto* curves = dynamic_cast<ZuFilterNode*>(add("ZuFilterNode", "curves")))
+                curves->setFilterType(ZU_FILTER_GATHER_MOON);
         }
-        case kSmoothEs2:
-        case kSmoothEs3: node = creator->createNode("ZuFaceBuffingWhiteNode", "b", "skin"); break;
-        }
-        if (node && scene) scene->addChild(node);
+        // Programs linked, textures committed, pixel buffers in use.
+        for (int i = 0; i < 3; ++i) frame();
     }
-    ~FilterFrame() {
+    ~CameraFrame() {
         app->setState("bench", ZU_ENG_STATE_STOPPING);
         app->destroyZuBase();
         app->destroy();
         app->release();
     }
-    template <class F> void waitFor(F done) {
-        for (int i = 0; i < 1000 && !done(); ++i) {
-            frame();
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
-        }
-    }
+
     void frame() {
-        app->getGlobalMgr()->update(33.0f);
+        ZuAppNative* native = app->getAppInter();
+        native->pushCameraData(kScene, nv21.data(), static_cast<int>(nv21.size()));
+        app->update();
         app->directrender("");
+        native->fetchRenderData(kScene, output.data());
         glFinish();
     }
+
+private:
+    ZuNode* add(const char* type, const char* name) {
+        ZuNode* node = app->getGlobalMgr()->getNodeMgr()->getCreator()->createNode(type, kScene, name);
+        ZuScene* scene = app->getGlobalMgr()->getSceneMgr()->getScene(kScene);
+        if (node && scene) scene->addChild(node);
+        return node;
+    }
+
+    int width, height;
     ZuAppMain* app = nullptr;
+    std::vector<uint8_t> nv21;
+    std::vector<uint8_t> output;
 };
 
-void BM_FilterPassFrame(benchmark::State& state) {
-    FilterFrame frame(static_cast<Pass>(state.range(0)));
-    for (int i = 0; i < 3; ++i) frame.frame(); // programs linked, textures committed
+void BM_CameraFrame(benchmark::State& state) {
+    const int width = static_cast<int>(state.range(0));
+    const int height = width == 720 ? 1280 : 1920;
+    const auto passes = static_cast<Passes>(state.range(1));
+    CameraFrame frame(width, height, passes);
     for (auto _ : state) frame.frame();
-    state.SetLabel(std::vector<const char*>{"no pass", "look, 16-level cube", "look, 64-level cube",
-                                            "run-time curves", "smoothing, ES 2 quality 3",
-                                            "smoothing, ES 3 quality 6"}[state.range(0)]);
+    state.SetLabel(kLabels[passes]);
 }
-BENCHMARK(BM_FilterPassFrame)->DenseRange(kNone, kSmoothEs3)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_CameraFrame)
+    ->ArgsProduct({{720, 1080}, benchmark::CreateDenseRange(kCameraOnly, kPassesCount - 1, 1)})
+    ->ArgNames({"width", "passes"})
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
 
 } // namespace
