@@ -10,6 +10,7 @@
 #include "node/ZuNodePerson.h"
 #include "person/ZuPerson.h"
 #include "person/ZuPersonTracker.h"
+#include "platform/ZuLog.h"
 #include "render/ZuRenderData.h"
 #include "render/ZuRenderMesh.h"
 #include "render/ZuRenderObject.h"
@@ -22,6 +23,17 @@ namespace {
 
 // Keeps a slim factor off 1, where the warp's direction would be zero.
 float awayFromOne(float value) { return std::fabs(value - 1.0f) <= 0.001f ? 1.001f : value; }
+
+// Host strengths live in 0..1: beyond that the eye power turns the eyes
+// inside out and a slim factor flips the face through the nose. A value out
+// of range is a host bug, so it is logged; NaN becomes the neutral value.
+// Slim factors may sit just above 1, where awayFromOne puts them anyway.
+float clampStrength(const ZuNode* node, const char* what, float value, float neutral, float upper = 1.0f) {
+    if (value >= 0.0f && value <= upper) return value;
+    float clamped = std::isnan(value) ? neutral : (value < 0.0f ? 0.0f : 1.0f);
+    QZLOGW("ZuBeautyNode '%s': %s %g outside 0..1, clamped to %g", node->getname().c_str(), what, value, clamped);
+    return clamped;
+}
 
 const float kGetterFallback = 1.0f;
 
@@ -106,21 +118,21 @@ bool ZuBeautyNode::procEvent(ZuEvent* event) {
 
 void ZuBeautyNode::setEyeLarge(float left, float right) {
     if (!material) return;
-    material->eyeLarge[0] = left;
-    material->eyeLarge[1] = right;
+    material->eyeLarge[0] = clampStrength(this, "eye strength", left, 0.0f);
+    material->eyeLarge[1] = clampStrength(this, "eye strength", right, 0.0f);
 }
 
 void ZuBeautyNode::setFaceSlim(float value) {
-    if (material) material->faceSlim = awayFromOne(value);
+    if (material) material->faceSlim = awayFromOne(clampStrength(this, "face slim", value, 1.0f, 1.001f));
 }
 void ZuBeautyNode::setChinSlim(float value) {
-    if (material) material->chinSlim = awayFromOne(value);
+    if (material) material->chinSlim = awayFromOne(clampStrength(this, "chin slim", value, 1.0f, 1.001f));
 }
 void ZuBeautyNode::setChinUpSlim(float value) {
-    if (material) material->chinUpSlim = awayFromOne(value);
+    if (material) material->chinUpSlim = awayFromOne(clampStrength(this, "upper chin slim", value, 1.0f, 1.001f));
 }
 void ZuBeautyNode::setChinMiddleSlim(float value) {
-    if (material) material->chinMiddleSlim = awayFromOne(value);
+    if (material) material->chinMiddleSlim = awayFromOne(clampStrength(this, "middle chin slim", value, 1.0f, 1.001f));
 }
 
 float ZuBeautyNode::getEyeLargeLeft() const { return material ? material->eyeLarge[0] : 0.0f; }

@@ -24,10 +24,12 @@ void ZuFaceBuffingWhiteMaterial_ES30::updateFacePoint(ZuPersonTracker* tracker) 
         samples[i][0] = (s.from->x + s.share * (s.to->x - s.from->x)) / tracker->cameraWidth;
         samples[i][1] = (s.from->y + s.share * (s.to->y - s.from->y)) / tracker->cameraHeight;
     }
+    faceKnown = true;
 }
 
 void ZuFaceBuffingWhiteMaterial_ES30::_refreshInner() {
     ZuFaceBuffingWhiteMaterial::_refreshInner();
+    glUniform1f(glGetUniformLocation(program, "faceKnown"), faceKnown ? 1.0f : 0.0f);
     char name[16];
     for (int i = 0; i < kSamples; ++i) {
         snprintf(name, sizeof name, "location%d", i);

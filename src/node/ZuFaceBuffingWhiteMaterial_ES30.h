@@ -16,7 +16,11 @@ public:
 
     // Sample i as texture coordinates; i outside 0..5 gives null.
     const float* getSample(int i) const { return i >= 0 && i < kSamples ? samples[i] : nullptr; }
+    bool isFaceKnown() const { return faceKnown; }
 
 private:
     float samples[kSamples][2] = {};
+    // Until a face has been seen the samples point nowhere useful; the
+    // shader then gates skin by the fixed hue band instead.
+    bool faceKnown = false;
 };

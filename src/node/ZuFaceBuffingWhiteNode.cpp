@@ -9,6 +9,8 @@
 #include "node/ZuNodePerson.h"
 #include "platform/ZuLog.h"
 
+#include <cmath>
+
 namespace {
 
 const int kBestEs2Type = 3;
@@ -87,10 +89,18 @@ bool ZuFaceBuffingWhiteNode::procEvent(ZuEvent* event) {
     return ZuFilter::procEvent(event);
 }
 
+// Host strengths live in 0..1; the material clamps, the log says so, since
+// an out-of-range value is a host bug that would otherwise go unnoticed.
 void ZuFaceBuffingWhiteNode::updateSmooth(float value) {
+    if (!(value >= 0.0f && value <= 1.0f))
+        QZLOGW("ZuFaceBuffingWhiteNode '%s': smooth %g outside 0..1, clamped", getname().c_str(), value);
+    if (std::isnan(value)) value = 0.0f;
     if (material) material->setSmooth(value);
 }
 
 void ZuFaceBuffingWhiteNode::updateWhite(float value) {
+    if (!(value >= 0.0f && value <= 1.0f))
+        QZLOGW("ZuFaceBuffingWhiteNode '%s': white %g outside 0..1, clamped", getname().c_str(), value);
+    if (std::isnan(value)) value = 0.0f;
     if (material) material->setWhite(value);
 }

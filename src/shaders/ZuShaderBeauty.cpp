@@ -78,9 +78,13 @@
 
 #define QZ_BUFFING_GATE_ES2 \
     "bool inSkinGate(float hue) { return hue > 0.02 && hue < 0.15; }\n"
+// Before any face has been seen there is no skin to sample: hueFace is then
+// negative and the fixed skin band of the other qualities applies.
 #define QZ_BUFFING_GATE_FACE \
     "varying float hueFace;\n" \
-    "bool inSkinGate(float hue) { return abs(hue - hueFace) < 0.1; }\n"
+    "bool inSkinGate(float hue) {\n" \
+    "    return hueFace < 0.0 ? (hue > 0.02 && hue < 0.15) : abs(hue - hueFace) < 0.1;\n" \
+    "}\n"
 
 #define QZ_BUFFING_CONSTS(radio, lambda, byAlpha) \
     "const float radio = " radio ";\nconst float vLambda = " lambda ";\n#define WHITEN_BY_ALPHA " byAlpha "\n"
@@ -98,6 +102,7 @@ uniform vec2 location2;
 uniform vec2 location3;
 uniform vec2 location4;
 uniform vec2 location5;
+uniform float faceKnown;
 varying vec2 vTexcoord;
 varying float hueFace;
 void main() {
@@ -106,7 +111,7 @@ void main() {
     vec3 mean = texture2DLod(aTexture0, location0, 0.0).rgb + texture2DLod(aTexture0, location1, 0.0).rgb +
                 texture2DLod(aTexture0, location2, 0.0).rgb + texture2DLod(aTexture0, location3, 0.0).rgb +
                 texture2DLod(aTexture0, location4, 0.0).rgb + texture2DLod(aTexture0, location5, 0.0).rgb;
-    hueFace = skinHue(mean / 6.0);
+    hueFace = faceKnown > 0.5 ? skinHue(mean / 6.0) : -1.0;
 }
 )";
 
