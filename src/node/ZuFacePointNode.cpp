@@ -8,7 +8,6 @@
 #include "render/ZuMaterial.h"
 
 #include <GLES2/gl2.h>
-#include <vector>
 
 ZuFacePointNode::ZuFacePointNode(ZuAppMain* app) : ZuFaceDebugNode(app, GL_POINTS) { setType("ZuFacePointNode"); }
 
@@ -47,8 +46,8 @@ int ZuFacePointNode::collectPoints(float* positions, int capacity) const {
 
 void ZuFacePointNode::update(float dt) {
     ZuNode::update(dt);
-    const int capacity = ZuPersonSys::kPersonsPerScene * ZuPerson::kMaxFaceValues;
-    std::vector<float> positions(static_cast<size_t>(capacity) * 2);
-    drawnPoints = collectPoints(positions.data(), capacity);
-    setVertices(positions.data(), drawnPoints);
+    static_assert(kCapacity >= ZuPersonSys::kPersonsPerScene * ZuPerson::kMaxFaceValues,
+                  "room for every landmark of every person of a scene");
+    drawnPoints = collectPoints(positions, kCapacity);
+    setVertices(positions, drawnPoints);
 }

@@ -27,6 +27,10 @@ private:
     // the latest record; returns the point count.
     int collectPoints(float* positions, int capacity) const;
 
+    // Every landmark of four faces, as x, y pairs: filled each update without
+    // allocating.
+    static constexpr int kCapacity = 4 * 400;
+    float positions[kCapacity * 2] = {};
     float pointSize = kDefaultPointSize;
     int drawnPoints = 0;
 };
