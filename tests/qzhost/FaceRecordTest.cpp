@@ -2,6 +2,7 @@
 // pushed through the engine's own detectors and read back in engine
 // coordinates; and the refusals of malformed landmark files.
 #include "FaceRecordBuilder.h"
+#include "FaceRecordSource.h"
 #include "HostOptions.h"
 #include "LandmarkFile.h"
 
@@ -308,4 +309,39 @@ TEST(HostOptions, FaceOptionsAreCheckedTogether) {
     EXPECT_EQ(parse({"qzhost", "--assets", assets, "--landmarks", kSample, "--detect", "self", "--show-points",
                      photo}),
               HostOptions::Outcome::Run);
+}
+
+// A clip's landmarks, one file per frame as the tracker writes them: each
+// frame gets the record of its own file, a frame without one a record
+// without faces; a single file serves every frame.
+TEST(FaceRecordSource, FramesTakeTheirOwnLandmarkFiles) {
+    EXPECT_EQ(FaceRecordSource::landmarkNameFor("clip/frame_0007.png"), "frame_0007.landmarks.json");
+    EXPECT_EQ(FaceRecordSource::landmarkNameFor("still"), "still.landmarks.json");
+
+    const std::string sample = std::string(QZ_SOURCE_DIR) + "/samples/faces/astronaut.landmarks.json";
+    std::ifstream in(sample);
+    const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    std::ifstream rec(std::string(QZ_SOURCE_DIR) + "/samples/faces/astronaut.fp.rec", std::ios::binary);
+    const std::vector<uint8_t> committed((std::istreambuf_iterator<char>(rec)), std::istreambuf_iterator<char>());
+    TempDir dir;
+    dir.write("frame_0001.landmarks.json", text);
+    dir.write("frame_0003.landmarks.json", "{\"width\": 512, \"height\": 512, \"faces\": 7}");
+
+    FaceRecordSource clip;
+    ASSERT_TRUE(clip.open(dir.path(), Backend::FP, 512, 512));
+    EXPECT_TRUE(clip.isPerFrame());
+    std::vector<uint8_t> record;
+    ASSERT_TRUE(clip.recordFor("frames/frame_0001.png", record));
+    EXPECT_EQ(record, committed);
+    ASSERT_TRUE(clip.recordFor("frames/frame_0002.png", record));
+    EXPECT_EQ(record, (std::vector<uint8_t>{0, 0, 0, 0})) << "no file: a record without faces";
+    EXPECT_FALSE(clip.recordFor("frames/frame_0003.png", record)) << "a broken file stops the run";
+
+    FaceRecordSource still;
+    ASSERT_TRUE(still.open(sample, Backend::FP, 512, 512));
+    EXPECT_FALSE(still.isPerFrame());
+    ASSERT_TRUE(still.recordFor("anything.png", record));
+    EXPECT_EQ(record, committed);
+    FaceRecordSource wrongSize;
+    EXPECT_FALSE(wrongSize.open(sample, Backend::FP, 640, 480));
 }

@@ -100,6 +100,7 @@ bool FrameSource::openImage(const std::string& path) {
         m_frameCount = static_cast<int>(m_files.size());
     } else {
         m_kind = Kind::Photo;
+        m_photoPath = path;
         if (!decodePng(path, m_photo, &m_width, &m_height)) return false;
         m_frameCount = 1;
     }
@@ -137,11 +138,13 @@ bool FrameSource::openRaw(const std::string& path, int width, int height, Camera
 bool FrameSource::next(std::vector<uint8_t>& frame) {
     switch (m_kind) {
     case Kind::Photo:
+        m_lastName = m_photoPath;
         frame = m_photo;
         return !frame.empty();
     case Kind::Folder: {
         if (m_nextIndex >= m_frameCount) return false;
         const std::string& path = m_files[m_nextIndex++];
+        m_lastName = path;
         int width = 0, height = 0;
         if (!decodePng(path, frame, &width, &height)) return false;
         if (width != m_width || height != m_height) {

@@ -35,6 +35,9 @@ public:
     // Frames available; a photo counts as 1.
     int frameCount() const { return m_frameCount; }
     CameraFrameConverter::Format rawFormat() const { return m_rawFormat; }
+    // The file of the frame next() gave last: the photo, or the folder's
+    // frame file; empty for raw input.
+    const std::string& lastFrameName() const { return m_lastName; }
 
     // Numbered PNG files of a folder, sorted by the last number in the name;
     // names without a number are left out. Public for the tests' sake.
@@ -50,6 +53,8 @@ private:
     int m_nextIndex = 0;
     std::vector<uint8_t> m_photo;
     std::vector<std::string> m_files;
+    std::string m_photoPath;
+    std::string m_lastName;
     FILE* m_raw = nullptr;
     CameraFrameConverter::Format m_rawFormat = CameraFrameConverter::NV21;
 };

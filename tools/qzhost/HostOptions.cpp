@@ -58,7 +58,10 @@ void HostOptions::printUsage(FILE* to) {
             "faces:\n"
             "  --landmarks FILE   68-point landmarks and pupils of the input photo (the\n"
             "                     JSON of tools/facetrack); a tracker record is built\n"
-            "                     from it and pushed with every frame\n"
+            "                     from it and pushed with every frame. A folder: one\n"
+            "                     FRAME.landmarks.json per FRAME.png (as facetrack\n"
+            "                     writes them for a clip); a frame without its file\n"
+            "                     is pushed with a record without faces\n"
             "  --detect B         the tracker back end the record imitates: as, st,\n"
             "                     fp (default) or self\n"
             "  --show-points      add the face-point debug node: the tracked landmarks\n"
@@ -218,6 +221,8 @@ bool HostOptions::check() {
         return fail("--detect, --show-points and --write-record need --landmarks FILE");
     if (hasLandmarks() && access(landmarks.c_str(), R_OK) != 0)
         return fail("cannot read the landmark file '%s'", landmarks.c_str());
+    if (hasLandmarks() && isDirectory(landmarks) && !writeRecord.empty())
+        return fail("--write-record needs one landmark file, not the folder '%s'", landmarks.c_str());
     if (!outDir.empty() && !isDirectory(outDir) && mkdir(outDir.c_str(), 0755) != 0)
         return fail("cannot make the output folder '%s'", outDir.c_str());
     if (access(assets.c_str(), R_OK) != 0) return fail("cannot read the assets folder '%s'", assets.c_str());

@@ -3,10 +3,10 @@
 // in through the facade, finished frames out to files.
 #include "CameraFrameConverter.h"
 #include "FaceRecordBuilder.h"
+#include "FaceRecordSource.h"
 #include "FrameSource.h"
 #include "HostEngine.h"
 #include "HostOptions.h"
-#include "LandmarkFile.h"
 #include "OutputWriter.h"
 #include "ProgressBar.h"
 
@@ -32,24 +32,20 @@ int framesToRun(const HostOptions& options, const FrameSource& source) {
 
 // Builds the face record from --landmarks for a picture of width x height;
 // false after saying why.
-bool buildFaceRecord(const HostOptions& options, int width, int height, std::vector<uint8_t>& record) {
-    LandmarkFile landmarks;
-    if (!landmarks.load(options.landmarks)) {
-        fprintf(stderr, "qzhost: %s\n", landmarks.error().c_str());
-        return false;
+// Opens the landmark input; a single file's record is written out on request.
+bool openFaces(const HostOptions& options, int width, int height, FaceRecordSource& faces) {
+    if (!faces.open(options.landmarks, options.detect, width, height)) return false;
+    if (faces.isPerFrame()) {
+        printf("faces: per frame from '%s' (FRAME.landmarks.json), sent as %s records\n", options.landmarks.c_str(),
+               FaceRecordBuilder::backendName(options.detect));
+        return true;
     }
-    // The record is in camera pixels: landmarks of another picture size would land wrong.
-    if (landmarks.width() != width || landmarks.height() != height) {
-        fprintf(stderr, "qzhost: '%s' is for a %d x %d picture, the input is %d x %d\n", options.landmarks.c_str(),
-                landmarks.width(), landmarks.height(), width, height);
-        return false;
-    }
-    record = FaceRecordBuilder::build(landmarks.faces(), options.detect);
-    printf("faces: %zu from '%s', sent as %s records of %zu bytes\n", landmarks.faces().size(),
-           options.landmarks.c_str(), FaceRecordBuilder::backendName(options.detect), record.size());
+    printf("faces: from '%s', sent as %s records of %zu bytes\n", options.landmarks.c_str(),
+           FaceRecordBuilder::backendName(options.detect), faces.singleRecord().size());
     if (options.writeRecord.empty()) return true;
     std::ofstream out(options.writeRecord, std::ios::binary);
-    out.write(reinterpret_cast<const char*>(record.data()), static_cast<std::streamsize>(record.size()));
+    out.write(reinterpret_cast<const char*>(faces.singleRecord().data()),
+              static_cast<std::streamsize>(faces.singleRecord().size()));
     if (!out.flush()) {
         fprintf(stderr, "qzhost: cannot write the record file '%s'\n", options.writeRecord.c_str());
         return false;
@@ -74,8 +70,9 @@ int main(int argc, char** argv) {
     const int height = source.height();
     const int frames = framesToRun(options, source);
 
+    FaceRecordSource faces;
     std::vector<uint8_t> faceRecord;
-    if (options.hasLandmarks() && !buildFaceRecord(options, width, height, faceRecord)) return 1;
+    if (options.hasLandmarks() && !openFaces(options, width, height, faces)) return 1;
 
     OutputWriter writer;
     if (!writer.open(options.outDir, options.rawOut, width, height, options.outputType)) return 1;
@@ -104,7 +101,8 @@ int main(int argc, char** argv) {
                                               firstCamera);
                 pushed = &firstCamera;
             }
-            engine.settle(*pushed, options.hasLandmarks() ? &faceRecord : nullptr, options.warmupMs);
+            const bool withFace = options.hasLandmarks() && faces.recordFor(warm.lastFrameName(), faceRecord);
+            engine.settle(*pushed, withFace ? &faceRecord : nullptr, options.warmupMs);
         }
     }
 
@@ -123,7 +121,13 @@ int main(int argc, char** argv) {
             CameraFrameConverter::convert(frame.data(), frame.size(), width, height, options.cameraFormat, camera);
             pushed = &camera;
         }
-        if (options.hasLandmarks()) engine.pushFaceRecord(faceRecord);
+        if (options.hasLandmarks()) {
+            if (!faces.recordFor(source.lastFrameName(), faceRecord)) {
+                status = 1;
+                break;
+            }
+            engine.pushFaceRecord(faceRecord);
+        }
         engine.pushFrame(*pushed);
         engine.renderFrame();
         if (engine.fetch(output)) {
