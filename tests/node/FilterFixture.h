@@ -23,6 +23,7 @@
 #include "scene/ZuScene.h"
 #include "scene/ZuSceneMgr.h"
 #include "support/GLTest.h"
+#include "support/PicturePainterNode.h"
 #include "support/TempDir.h"
 
 #include <algorithm>
@@ -76,52 +77,19 @@ inline Bytes chartPicture() {
 
 // Draws a picture over the whole scene in the background stream: the
 // gradient unless the chart is asked for.
-class PainterNode : public ZuNode {
+class PainterNode : public PicturePainterNode {
 public:
-    explicit PainterNode(ZuAppMain* app) : ZuNode(app) {}
+    explicit PainterNode(ZuAppMain* app) : PicturePainterNode(app) {}
     static bool& useChart() {
         static bool chart = false;
         return chart;
     }
-    void zuinit() override {
-        picture = new ZuTexture2D(app);
-        picture->zuinit();
-        picture->setwidth(kSide);
-        picture->setheight(kSide);
-        picture->setinformate(GL_RGBA);
-        picture->setdataformate(GL_RGBA);
-        Bytes pixels = useChart() ? chartPicture() : testPicture();
-        picture->setData(pixels.data(), 0, false);
-        picture->apply();
-        picture->setbLoad(true);
-        material = new ZuMaterial(app, "screennor");
-        material->setTexture0(picture);
-        material->setDepthTest(false);
-        material->setBlendEnable(false);
-        object = new ZuRenderObject(app);
-    }
-    void zudestroy() override {
-        if (material) material->destroy();
-        qzSafeRelease(material);
-        qzSafeRelease(object);
-        if (picture) picture->zudestroy();
-        qzSafeRelease(picture);
-        ZuNode::zudestroy();
-    }
-    void update(float dt) override {
-        ZuNode::update(dt);
-        object->setMesh(app->getGlobalMgr()->getRenderMgr()->getRenderData()->meshFull);
-        object->setMaterial(material);
-    }
-    void render() override {
-        ZuScene* scene = app->getGlobalParam()->activeScene;
-        object->pushCmd(scene ? scene->getRenderScene() : nullptr, RS_BG_RENDER, "painter");
-    }
 
-private:
-    ZuTexture* picture = nullptr;
-    ZuMaterial* material = nullptr;
-    ZuRenderObject* object = nullptr;
+protected:
+    Bytes picture(int* width, int* height) const override {
+        *width = *height = kSide;
+        return useChart() ? chartPicture() : testPicture();
+    }
 };
 
 template <class GLBase> class FilterFixture : public GLBase {

@@ -32,6 +32,7 @@
 #include "scene/ZuScene.h"
 #include "scene/ZuSceneMgr.h"
 #include "support/GLTest.h"
+#include "support/PicturePainterNode.h"
 #include "support/LogCapture.h"
 #include "support/TempDir.h"
 
@@ -98,45 +99,15 @@ Bytes gPicture;  // what the next painter draws
 
 // Draws gPicture over the whole scene in the background stream, before any
 // beauty pass and before the skin-tone read.
-class PainterNode : public ZuNode {
+class PainterNode : public PicturePainterNode {
 public:
-    explicit PainterNode(ZuAppMain* app) : ZuNode(app) {}
-    void zuinit() override {
-        picture = new ZuTexture2D(app);
-        picture->zuinit();
-        picture->setwidth(kSide);
-        picture->setheight(kSide);
-        picture->setinformate(GL_RGBA);
-        picture->setdataformate(GL_RGBA);
-        picture->setData(gPicture.data(), 0, false);
-        picture->apply();
-        picture->setbLoad(true);
-        material = new ZuMaterial(app, "screennor");
-        material->setTexture0(picture);
-        object = new ZuRenderObject(app);
-    }
-    void zudestroy() override {
-        if (material) material->destroy();
-        qzSafeRelease(material);
-        qzSafeRelease(object);
-        if (picture) picture->zudestroy();
-        qzSafeRelease(picture);
-        ZuNode::zudestroy();
-    }
-    void update(float dt) override {
-        ZuNode::update(dt);
-        object->setMesh(app->getGlobalMgr()->getRenderMgr()->getRenderData()->meshFull);
-        object->setMaterial(material);
-    }
-    void render() override {
-        ZuScene* scene = app->getGlobalParam()->activeScene;
-        object->pushCmd(scene ? scene->getRenderScene() : nullptr, RS_BG_RENDER, "painter");
-    }
+    explicit PainterNode(ZuAppMain* app) : PicturePainterNode(app) {}
 
-private:
-    ZuTexture* picture = nullptr;
-    ZuMaterial* material = nullptr;
-    ZuRenderObject* object = nullptr;
+protected:
+    Bytes picture(int* width, int* height) const override {
+        *width = *height = kSide;
+        return gPicture;
+    }
 };
 
 // A face in engine pixels (y up) of the 96 x 96 camera.
