@@ -96,3 +96,18 @@ void ZuHeadlessContext::releaseCurrent() {
     if (m_display != EGL_NO_DISPLAY)
         eglMakeCurrent(m_display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
 }
+
+void ZuHeadlessContext::shutdown() {
+    if (m_display == EGL_NO_DISPLAY) return;
+    releaseCurrent();
+    for (EGLContext& context : m_contexts) {
+        if (context != EGL_NO_CONTEXT) eglDestroyContext(m_display, context);
+        context = EGL_NO_CONTEXT;
+    }
+    if (m_surface != EGL_NO_SURFACE) eglDestroySurface(m_display, m_surface);
+    m_surface = EGL_NO_SURFACE;
+    eglTerminate(m_display);
+    eglReleaseThread();
+    m_display = EGL_NO_DISPLAY;
+    m_triedDisplay = false;
+}

@@ -6,7 +6,7 @@
 // A GL context with no window: one EGL display on Mesa's surfaceless
 // platform, a GLES context per major version (3 and 2) and a small pbuffer as
 // the default framebuffer. Used by the desktop host and the tests; contexts
-// are made lazily and kept for the life of the process.
+// are made lazily and kept until shutdown().
 class ZuHeadlessContext {
 public:
     static ZuHeadlessContext& instance();
@@ -15,6 +15,11 @@ public:
     // On failure returns false and fills error(); it never skips silently.
     bool makeCurrent(int esMajor);
     void releaseCurrent();
+    // Destroys the contexts and terminates the display, which stops the
+    // driver's worker threads; a later makeCurrent starts afresh. Test
+    // programs call it before exit so that the exit-time leak scan finds a
+    // process with one thread.
+    void shutdown();
 
     const std::string& error() const { return m_error; }
     EGLDisplay display() const { return m_display; }
