@@ -22,7 +22,7 @@
 #include "scene/ZuNodeTypes.h"
 #include "scene/ZuScene.h"
 #include "scene/ZuSceneMgr.h"
-#include "support/GLTest.h"
+#include "support/EngineFixture.h"
 #include "support/PicturePainterNode.h"
 #include "support/TempDir.h"
 
@@ -92,15 +92,15 @@ protected:
     }
 };
 
-template <class GLBase> class FilterFixture : public GLBase {
+template <class GLBase> class FilterFixture : public EngineFixture<GLBase> {
 protected:
+    using Engine = EngineFixture<GLBase>;
+    using Engine::app;
+    using Engine::push;
+
+    std::vector<std::string> resourceRoots() const override { return {packages.path(), sourceAssets()}; }
     void SetUp() override {
-        GLBase::SetUp();
-        app = new ZuAppMain();
-        app->init();
-        app->addRespath(packages.path().c_str());
-        app->addRespath((std::string(QZ_SOURCE_DIR) + "/assets/").c_str());
-        app->initZuBase();
+        Engine::SetUp();
         nodes = app->getGlobalMgr()->getNodeMgr();
         nodes->getCreator()->registCreateFunc("PainterNode", zuCreateNodeOfType<PainterNode>);
         app->getAppInter()->createLogicSceneFull("s", kSide, kSide, kSide, kSide);
@@ -112,12 +112,6 @@ protected:
         scene->addChild(painter);
         frame();
         base = picture();
-    }
-    void TearDown() override {
-        app->setState("test", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
     }
     void frame(float delta = 16.0f) {
         app->getGlobalMgr()->update(delta);
@@ -132,10 +126,6 @@ protected:
             std::this_thread::sleep_for(std::chrono::milliseconds(5));
         }
         return false;
-    }
-    void push(ZuOperateBase* op) {
-        app->getGlobalMgr()->getOperateMgr()->pushOperate(op);
-        op->release();
     }
     // The scene's finished picture, bottom row first.
     Bytes picture() {
@@ -168,7 +158,6 @@ protected:
     }
 
     TempDir packages;
-    ZuAppMain* app = nullptr;
     ZuNodeMgr* nodes = nullptr;
     ZuScene* scene = nullptr;
     Bytes base;

@@ -21,7 +21,7 @@
 #include "scene/ZuNodeMgr.h"
 #include "scene/ZuScene.h"
 #include "scene/ZuSceneMgr.h"
-#include "support/GLTest.h"
+#include "support/EngineFixture.h"
 
 #include <algorithm>
 #include <cmath>
@@ -40,29 +40,12 @@ Rgb yuvToRgb(int y, int u, int v) {
     return {clamp(yy + 1.596 * vv), clamp(yy - 0.392 * uu - 0.813 * vv), clamp(yy + 2.017 * uu)};
 }
 
-class BackgroundTest : public GLTest {
+class BackgroundTest : public EngineTest {
 protected:
     void SetUp() override {
-        GLTest::SetUp();
-        app = new ZuAppMain();
-        app->init();
-        app->initZuBase();
+        EngineTest::SetUp();
         config = app->getGlobalMgr()->getConfig();
         nodes = app->getGlobalMgr()->getNodeMgr();
-    }
-    void TearDown() override {
-        app->setState("test", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
-    }
-    void push(ZuOperateBase* op) {
-        app->getGlobalMgr()->getOperateMgr()->pushOperate(op);
-        op->release();
-    }
-    void frame() {
-        app->update();
-        app->directrender("");
     }
     // A scene whose camera gives width x height frames at angle.
     void makeScene(int width, int height, int angle, int hostFormat) {
@@ -85,7 +68,6 @@ protected:
         return pixels;
     }
 
-    ZuAppMain* app = nullptr;
     ZuConfig* config = nullptr;
     ZuNodeMgr* nodes = nullptr;
 };

@@ -31,7 +31,7 @@
 #include "scene/ZuNodeTypes.h"
 #include "scene/ZuScene.h"
 #include "scene/ZuSceneMgr.h"
-#include "support/GLTest.h"
+#include "support/EngineFixture.h"
 #include "support/PicturePainterNode.h"
 #include "support/LogCapture.h"
 #include "support/TempDir.h"
@@ -166,16 +166,13 @@ std::vector<uint8_t> fpRecord(const Face& face) {
     return bytes;
 }
 
-class BeautyTest : public GLTest {
+class BeautyTest : public EngineTest {
 protected:
+    std::vector<std::string> resourceRoots() const override { return {packages.path(), std::string(QZ_SOURCE_DIR) + "/samples/packages/"}; }
+    ZuAppMain* makeApp() const override { return new ZuAppMainWrap(); }
     void SetUp() override {
-        GLTest::SetUp();
+        EngineTest::SetUp();
         if (gPicture.empty()) gPicture = skinAndBluePicture(true);
-        app = new ZuAppMainWrap();
-        app->init();
-        app->addRespath(packages.path().c_str());
-        app->addRespath((std::string(QZ_SOURCE_DIR) + "/samples/packages/").c_str());
-        app->initZuBase();
         config = app->getGlobalMgr()->getConfig();
         config->setDesignSize(kSide, kSide);
         nodes = app->getGlobalMgr()->getNodeMgr();
@@ -188,10 +185,7 @@ protected:
     }
     void TearDown() override {
         gPicture.clear();
-        app->setState("test", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
+        EngineTest::TearDown();
     }
     ZuScene* makeScene(const char* name) {
         Camera* camera = config->getCamera(name);
@@ -204,10 +198,8 @@ protected:
         if (made) made->addChild(nodes->getCreator()->createNode("PainterNode", name, (std::string(name) + "_painter").c_str()));
         return made;
     }
-    void push(ZuOperateBase* op) {
-        app->getGlobalMgr()->getOperateMgr()->pushOperate(op);
-        op->release();
-    }
+    // The facade with the host's adjusters, as makeApp() made it.
+    ZuAppMainWrap* wrap() const { return static_cast<ZuAppMainWrap*>(app); }
     void frame(float delta = 16.0f) {
         app->getGlobalMgr()->update(delta);
         app->directrender("");
@@ -266,7 +258,6 @@ protected:
     }
 
     TempDir packages;
-    ZuAppMainWrap* app = nullptr;
     ZuConfig* config = nullptr;
     ZuNodeMgr* nodes = nullptr;
     ZuAppNative* host = nullptr;
@@ -354,17 +345,17 @@ TEST_F(BeautyTest, HostStrengthsMapClampAndReachOnlyTheirNode) {
     EXPECT_FLOAT_EQ(material->getWhite(), 0.6f);
 
     // The direct adjuster acts at once, on exactly this class only.
-    app->setFaceBeautifyAdjust(0.25f, 0.0f, 9.0f, 9.0f, node->getname().c_str());
+    wrap()->setFaceBeautifyAdjust(0.25f, 0.0f, 9.0f, 9.0f, node->getname().c_str());
     EXPECT_FLOAT_EQ(material->getSmooth(), 0.2f);
     EXPECT_FLOAT_EQ(material->getWhite(), 0.2f);
     auto* soften = addNode<ZuFaceBeautifyExpand01Node>("ZuFaceBeautifyExpand01Node", "soften");
     ASSERT_NE(soften, nullptr);
     soften->updateSmooth(0.3f);
-    app->setFaceBeautifyAdjust(1.0f, 1.0f, 0.0f, 0.0f, "soften");
+    wrap()->setFaceBeautifyAdjust(1.0f, 1.0f, 0.0f, 0.0f, "soften");
     EXPECT_FLOAT_EQ(soften->getMaterial()->getSmooth(), 0.3f);
-    app->setFaceBeautifyAdjust(1.0f, 1.0f, 0.0f, 0.0f, "no such node");
+    wrap()->setFaceBeautifyAdjust(1.0f, 1.0f, 0.0f, 0.0f, "no such node");
 
-    app->setFaceBeautyType(1);
+    wrap()->setFaceBeautyType(1);
     EXPECT_EQ(config->faceBeautyType, 1);
 }
 

@@ -24,7 +24,7 @@
 #include "scene/ZuNodeMgr.h"
 #include "scene/ZuScene.h"
 #include "scene/ZuSceneMgr.h"
-#include "support/GLTest.h"
+#include "support/EngineFixture.h"
 #include "support/LogCapture.h"
 
 #include <rapidjson/document.h>
@@ -282,14 +282,11 @@ struct Landmarks {
     }
 };
 
-class BeautyPhotoTest : public GLTest {
+class BeautyPhotoTest : public EngineTest {
 protected:
+    std::vector<std::string> resourceRoots() const override { return {QZ_SOURCE_DIR "/samples/packages/"}; }
     void SetUp() override {
-        GLTest::SetUp();
-        app = new ZuAppMain();
-        app->init();
-        app->addRespath(QZ_SOURCE_DIR "/samples/packages/");
-        app->initZuBase();
+        EngineTest::SetUp();
         config = app->getGlobalMgr()->getConfig();
         // As a host on an ES 3 device reports it: the face-aware qualities.
         config->glversion = 0x30000;
@@ -312,12 +309,6 @@ protected:
         ASSERT_NE(scene, nullptr);
         frame();
         frame();
-    }
-    void TearDown() override {
-        app->setState("test", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
     }
 
     void loadPhoto() {
@@ -405,7 +396,6 @@ protected:
     static Box suit() { return {60, 120, 110, 170}; }        // the orange sleeve, lower left
     static Box background() { return {330, 420, 370, 460}; } // the grey wall, upper right
 
-    ZuAppMain* app = nullptr;
     ZuConfig* config = nullptr;
     ZuAppNative* host = nullptr;
     ZuNodeMgr* nodes = nullptr;

@@ -7,7 +7,7 @@
 #include "basesys/ZuAppNative.h"
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
-#include "support/GLTest.h"
+#include "support/EngineFixture.h"
 
 #include <algorithm>
 #include <cmath>
@@ -217,29 +217,15 @@ void checkOutput(const std::vector<uint8_t>& got, const Image& want, int type, c
     }
 }
 
-class CameraPathTest : public GLTest {
+class CameraPathTest : public EngineTest {
 protected:
     void SetUp() override {
-        GLTest::SetUp();
-        app = new ZuAppMain();
-        app->init();
-        app->initZuBase();
+        EngineTest::SetUp();
         host = app->getAppInter();
         // Synchronous read-back: every frame arrives in the frame it was drawn.
         app->getGlobalMgr()->getConfig()->glversion = 0x20000;
     }
-    void TearDown() override {
-        app->setState("test", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
-    }
-    void frame() {
-        app->update();
-        app->directrender("");
-    }
 
-    ZuAppMain* app = nullptr;
     ZuAppNative* host = nullptr;
 };
 

@@ -17,7 +17,7 @@
 #include "scene/ZuNodeMgr.h"
 #include "scene/ZuScene.h"
 #include "scene/ZuSceneMgr.h"
-#include "support/GLTest.h"
+#include "support/EngineFixture.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -63,13 +63,10 @@ bool redNear(const std::vector<uint8_t>& pixels, int x, int y) {
     return false;
 }
 
-class FaceDebugNodeTest : public GLTest {
+class FaceDebugNodeTest : public EngineTest {
 protected:
     void SetUp() override {
-        GLTest::SetUp();
-        app = new ZuAppMain();
-        app->init();
-        app->initZuBase();
+        EngineTest::SetUp();
         ZuGlobalMgr* managers = app->getGlobalMgr();
         Camera* camera = managers->getConfig()->getCamera("dbg");
         camera->width = kSize;
@@ -81,24 +78,10 @@ protected:
         scene = managers->getSceneMgr()->getScene("dbg");
         ASSERT_NE(scene, nullptr);
     }
-    void TearDown() override {
-        app->setState("test", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
-    }
     template <class Node> Node* addNode(const char* type, const char* name) {
         Node* node = dynamic_cast<Node*>(app->getGlobalMgr()->getNodeMgr()->getCreator()->createNode(type, "dbg", name));
         if (node) scene->addChild(node);
         return node;
-    }
-    void push(ZuOperateBase* op) {
-        app->getGlobalMgr()->getOperateMgr()->pushOperate(op);
-        op->release();
-    }
-    void frame() {
-        app->update();
-        app->directrender("");
     }
     void pushRecord(const std::vector<uint8_t>& record) {
         app->getAppInter()->setDetectData("dbg", record.data(), static_cast<int>(record.size()));
@@ -111,7 +94,6 @@ protected:
         return pixels;
     }
 
-    ZuAppMain* app = nullptr;
     ZuScene* scene = nullptr;
 };
 

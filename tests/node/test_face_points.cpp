@@ -16,7 +16,7 @@
 #include "scene/ZuNodeMgr.h"
 #include "scene/ZuScene.h"
 #include "scene/ZuSceneMgr.h"
-#include "support/GLTest.h"
+#include "support/EngineFixture.h"
 #include "support/LogCapture.h"
 
 #include <cstdlib>
@@ -54,13 +54,10 @@ bool isRed(const std::vector<uint8_t>& pixels, int x, int y) {
     return p[0] == 255 && p[1] == 0 && p[2] == 0;
 }
 
-class FacePointNodeTest : public GLTest {
+class FacePointNodeTest : public EngineTest {
 protected:
     void SetUp() override {
-        GLTest::SetUp();
-        app = new ZuAppMain();
-        app->init();
-        app->initZuBase();
+        EngineTest::SetUp();
         ZuGlobalMgr* managers = app->getGlobalMgr();
         Camera* camera = managers->getConfig()->getCamera("pts");
         camera->width = kSize;
@@ -76,20 +73,6 @@ protected:
         ASSERT_NE(node, nullptr);
         scene->addChild(node);
     }
-    void TearDown() override {
-        app->setState("test", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
-    }
-    void push(ZuOperateBase* op) {
-        app->getGlobalMgr()->getOperateMgr()->pushOperate(op);
-        op->release();
-    }
-    void frame() {
-        app->update();
-        app->directrender("");
-    }
     void pushRecord(const std::vector<uint8_t>& record) {
         app->getAppInter()->setDetectData("pts", record.data(), static_cast<int>(record.size()));
     }
@@ -101,7 +84,6 @@ protected:
         return pixels;
     }
 
-    ZuAppMain* app = nullptr;
     ZuScene* scene = nullptr;
     ZuFacePointNode* node = nullptr;
 };

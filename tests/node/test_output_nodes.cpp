@@ -31,7 +31,7 @@
 #include "scene/ZuNodeTypes.h"
 #include "scene/ZuScene.h"
 #include "scene/ZuSceneMgr.h"
-#include "support/GLTest.h"
+#include "support/EngineFixture.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -84,13 +84,10 @@ private:
     ZuRenderObject* objects[4] = {};
 };
 
-class OutputNodeTest : public GLTest {
+class OutputNodeTest : public EngineTest {
 protected:
     void SetUp() override {
-        GLTest::SetUp();
-        app = new ZuAppMain();
-        app->init();
-        app->initZuBase();
+        EngineTest::SetUp();
         // Synchronous read-back: a frame's bytes arrive in that frame.
         app->getGlobalMgr()->getConfig()->glversion = 0x20000;
         nodes = app->getGlobalMgr()->getNodeMgr();
@@ -106,20 +103,6 @@ protected:
         ZuNode* painter = nodes->getCreator()->createNode("QuadrantsNode", "out", "quadrants");
         ASSERT_NE(painter, nullptr);
         scene->addChild(painter);
-    }
-    void TearDown() override {
-        app->setState("test", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
-    }
-    void push(ZuOperateBase* op) {
-        app->getGlobalMgr()->getOperateMgr()->pushOperate(op);
-        op->release();
-    }
-    void frame() {
-        app->update();
-        app->directrender("");
     }
     static Bytes readFbo(ZuFboObject* fbo) {
         glBindFramebuffer(GL_FRAMEBUFFER, fbo->getFboID());
@@ -167,7 +150,6 @@ protected:
             }
     }
 
-    ZuAppMain* app = nullptr;
     ZuNodeMgr* nodes = nullptr;
     ZuScene* scene = nullptr;
 };

@@ -18,7 +18,7 @@
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuNodeMgr.h"
 #include "scene/ZuNodeTypes.h"
-#include "support/GLTest.h"
+#include "support/EngineFixture.h"
 #include "support/LogCapture.h"
 #include "support/TempDir.h"
 
@@ -104,14 +104,11 @@ public:
     }
 };
 
-class TriggerTest : public GLTest {
+class TriggerTest : public EngineTest {
 protected:
+    std::vector<std::string> resourceRoots() const override { return {dir.path()}; }
     void SetUp() override {
-        GLTest::SetUp();
-        app = new ZuAppMain();
-        app->init();
-        app->addRespath(dir.path().c_str());
-        app->initZuBase();
+        EngineTest::SetUp();
         host = app->getAppInter();
         nodes = app->getGlobalMgr()->getNodeMgr();
         parser = app->getGlobalMgr()->getParseMgr();
@@ -120,12 +117,6 @@ protected:
         parser->registDictionary("trigger", TriggerData::parse);
         host->createLogicSceneFull("s", 64, 64, 64, 64);
         frame();
-    }
-    void TearDown() override {
-        app->setState("test", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
     }
     void frame() {
         app->getGlobalMgr()->update(16.0f);
@@ -169,7 +160,6 @@ protected:
     }
 
     TempDir dir;
-    ZuAppMain* app = nullptr;
     ZuAppNative* host = nullptr;
     ZuNodeMgr* nodes = nullptr;
     ZuParseMgr* parser = nullptr;

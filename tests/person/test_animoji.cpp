@@ -15,7 +15,7 @@
 #include "person/ZuPersonSys.h"
 #include "person/ZuPosData.h"
 #include "scene/ZuSceneMgr.h"
-#include "support/GLTest.h"
+#include "support/EngineFixture.h"
 #include "support/WireRecord.h"
 
 #include <cmath>
@@ -182,14 +182,11 @@ Record record(const std::vector<Face>& faces, bool floats) {
     return r;
 }
 
-class AnimojiTest : public GLTest {
+class AnimojiTest : public EngineTest {
 protected:
+    std::vector<std::string> resourceRoots() const override { return {sourceAssets()}; }
     void SetUp() override {
-        GLTest::SetUp();
-        app = new ZuAppMain();
-        app->init();
-        app->addRespath((std::string(QZ_SOURCE_DIR) + "/assets/").c_str());
-        app->initZuBase();
+        EngineTest::SetUp();
         managers = app->getGlobalMgr();
         Camera* camera = managers->getConfig()->getCamera("cam");
         camera->width = static_cast<int>(kW);
@@ -197,21 +194,11 @@ protected:
         camera->angle = 0;
         managers->getSceneMgr()->createScene("cam", static_cast<int>(kW), static_cast<int>(kH), 64, 64);
     }
-    void TearDown() override {
-        app->setState("test", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
-    }
     void use(DETECTTYPE type) {
         auto* op = new ZuOperateChangeDetectDataType(app, type);
         managers->getOperateMgr()->pushOperate(op);
         op->release();
         frame();
-    }
-    void frame() {
-        app->update();
-        app->directrender("");
     }
     void push(const Face& face, bool floats = true) {
         Record r = record({face}, floats);
@@ -235,7 +222,6 @@ protected:
     // The scale the tracker divides by: contour ends 500 apart.
     static float scaleOf(const Face& f) { return dist(f.points[0], f.points[32]) / 500.0f; }
 
-    ZuAppMain* app = nullptr;
     ZuGlobalMgr* managers = nullptr;
     float shift = 0.0f;
 };

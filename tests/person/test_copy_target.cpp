@@ -14,7 +14,7 @@
 #include "person/ZuPersonCopyTarget.h"
 #include "person/ZuPersonSys.h"
 #include "scene/ZuSceneMgr.h"
-#include "support/GLTest.h"
+#include "support/EngineFixture.h"
 #include "support/LogCapture.h"
 #include "support/TempDir.h"
 
@@ -82,15 +82,11 @@ std::vector<uint8_t> asRecord(const std::vector<Pt>& wire, float roll) {
     return bytes;
 }
 
-class CopyTargetTest : public GLTest {
+class CopyTargetTest : public EngineTest {
 protected:
+    std::vector<std::string> resourceRoots() const override { return {sourceAssets(), extra.path()}; }
     void SetUp() override {
-        GLTest::SetUp();
-        app = new ZuAppMain();
-        app->init();
-        app->addRespath((std::string(QZ_SOURCE_DIR) + "/assets/").c_str());
-        app->addRespath(extra.path().c_str());
-        app->initZuBase();
+        EngineTest::SetUp();
         managers = app->getGlobalMgr();
         Camera* camera = managers->getConfig()->getCamera("cam");
         camera->width = kW;
@@ -105,16 +101,6 @@ protected:
         ASSERT_NE(standard, nullptr);
         person = managers->getPersonSys()->getPerson("cam", 1);
         ASSERT_NE(person, nullptr);
-    }
-    void TearDown() override {
-        app->setState("test", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
-    }
-    void frame() {
-        app->update();
-        app->directrender("");
     }
     // Pushes a face given in engine coordinates (y up); returns the live
     // landmarks as the person keeps them (whole pixels from the wire).
@@ -144,7 +130,6 @@ protected:
     Pt shown(int i) const { return {person->getFaceDataX(i), person->getFaceDataY(i)}; }
 
     TempDir extra;
-    ZuAppMain* app = nullptr;
     ZuGlobalMgr* managers = nullptr;
     const StanderFace* standard = nullptr;
     ZuPerson* person = nullptr;

@@ -13,7 +13,7 @@
 #include "person/ZuPersonExpressionExt.h"
 #include "person/ZuPersonSys.h"
 #include "scene/ZuSceneMgr.h"
-#include "support/GLTest.h"
+#include "support/EngineFixture.h"
 
 #include <cmath>
 #include <cstdio>
@@ -73,15 +73,11 @@ public:
     std::vector<Seen> seen;
 };
 
-class ExpressionTest : public GLTest {
+class ExpressionTest : public EngineTest {
 protected:
+    std::vector<std::string> resourceRoots() const override { return {assets}; }
     void SetUp() override {
-        GLTest::SetUp();
-        app = new ZuAppMain();
-        app->init();
-        assets = std::string(QZ_SOURCE_DIR) + "/assets/";
-        app->addRespath(assets.c_str());
-        app->initZuBase();
+        EngineTest::SetUp();
         managers = app->getGlobalMgr();
         managers->getSceneMgr()->createScene("cam", 64, 64, 64, 64);
         ZuOperateChangeDetectDataType* op = new ZuOperateChangeDetectDataType(app, DETECTTYPE_AS);
@@ -100,14 +96,7 @@ protected:
     void TearDown() override {
         managers->getEventMgr()->unregistProcer(events);
         events->release();
-        app->setState("test", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
-    }
-    void frame() {
-        app->update();
-        app->directrender("");
+        EngineTest::TearDown();
     }
     // One update of person 2, then the events it sent, delivered.
     std::vector<Seen> track(const std::map<int, Pt>& face, float yaw = 0, float pitch = 0, bool mirror = true) {
@@ -130,11 +119,10 @@ protected:
         return nullptr;
     }
 
-    ZuAppMain* app = nullptr;
     ZuGlobalMgr* managers = nullptr;
     ExpressionEvents* events = nullptr;
     ZuPersonExpressionExt* ext = nullptr;
-    std::string assets;
+    const std::string assets = sourceAssets();
     int64_t nowMs = 1000000;
 };
 
@@ -283,7 +271,9 @@ TEST_F(ExpressionTest, RaisedCornersDependOnPitchBranches) {
         EXPECT_EQ(ext->getRightMouthCornerRaiseState(), c.second);
         const Seen* raised = find(seen, "raisemouthcorner");
         EXPECT_EQ(raised != nullptr, c.second);
-        if (raised) EXPECT_EQ(raised->type, 20);
+        if (raised) {
+            EXPECT_EQ(raised->type, 20);
+        }
     }
 }
 

@@ -17,7 +17,7 @@
 #include "person/ZuPersonSys.h"
 #include "person/ZuPersonTracker.h"
 #include "scene/ZuSceneMgr.h"
-#include "support/GLTest.h"
+#include "support/EngineFixture.h"
 #include "support/WireRecord.h"
 
 #include <algorithm>
@@ -200,14 +200,11 @@ public:
     int calls = 0;
 };
 
-class PersonTest : public GLTest {
+class PersonTest : public EngineTest {
 protected:
+    std::vector<std::string> resourceRoots() const override { return {sourceAssets()}; }
     void SetUp() override {
-        GLTest::SetUp();
-        app = new ZuAppMain();
-        app->init();
-        app->addRespath((std::string(QZ_SOURCE_DIR) + "/assets/").c_str());
-        app->initZuBase();
+        EngineTest::SetUp();
         managers = app->getGlobalMgr();
         persons = managers->getPersonSys();
         ASSERT_NE(persons, nullptr);
@@ -225,20 +222,13 @@ protected:
     void TearDown() override {
         managers->getEventMgr()->unregistProcer(events);
         events->release();
-        app->setState("test", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
+        EngineTest::TearDown();
     }
     void use(DETECTTYPE type) {
         ZuOperateChangeDetectDataType* op = new ZuOperateChangeDetectDataType(app, type);
         managers->getOperateMgr()->pushOperate(op);
         op->release();
         frame();
-    }
-    void frame() {
-        app->update();
-        app->directrender("");
     }
     void push(const Record* r, const char* scene = "cam") {
         app->getAppInter()->setDetectData(scene, r ? r->bytes.data() : nullptr, r ? r->size() : 0);
@@ -265,7 +255,6 @@ protected:
         }
     }
 
-    ZuAppMain* app = nullptr;
     ZuGlobalMgr* managers = nullptr;
     ZuPersonSys* persons = nullptr;
     PersonEvents* events = nullptr;

@@ -22,7 +22,7 @@
 #include "scene/ZuNodeTypes.h"
 #include "scene/ZuScene.h"
 #include "scene/ZuSceneMgr.h"
-#include "support/GLTest.h"
+#include "support/EngineFixture.h"
 
 namespace {
 
@@ -80,36 +80,17 @@ private:
     ZuRenderObject* rightObject = nullptr;
 };
 
-class SceneTest : public GLTest {
+class SceneTest : public EngineTest {
 protected:
     void SetUp() override {
-        GLTest::SetUp();
-        app = new ZuAppMain();
-        app->init();
-        app->initZuBase();
+        EngineTest::SetUp();
         scenes = app->getGlobalMgr()->getSceneMgr();
         nodes = app->getGlobalMgr()->getNodeMgr();
         nodes->getCreator()->registCreateFunc("HalvesNode", zuCreateNodeOfType<HalvesNode>);
     }
-    void TearDown() override {
-        app->setState("test", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
-    }
-    void push(ZuOperateBase* op) {
-        app->getGlobalMgr()->getOperateMgr()->pushOperate(op);
-        op->release();
-    }
-    // One host frame: tick, then draw everything.
-    void frame() {
-        app->update();
-        app->directrender("");
-    }
     static Pixel at(int x, int y) { return GLTest::readPixels(x, y, 1, 1); }
     static Pixel rgba(uint8_t r, uint8_t g, uint8_t b, uint8_t a) { return {r, g, b, a}; }
 
-    ZuAppMain* app = nullptr;
     ZuSceneMgr* scenes = nullptr;
     ZuNodeMgr* nodes = nullptr;
 };
