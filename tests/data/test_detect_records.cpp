@@ -17,6 +17,7 @@
 #include "event/ZuEventProc.h"
 #include "operate/ZuOperateMgr.h"
 #include "support/LogCapture.h"
+#include "support/WireRecord.h"
 
 #include <gtest/gtest.h>
 
@@ -26,21 +27,9 @@
 
 namespace {
 
-// Little-endian writer, independent of the engine's reader.
-struct Record {
-    std::vector<uint8_t> bytes;
-    void i32(int32_t v) {
-        uint32_t u;
-        std::memcpy(&u, &v, 4);
-        for (int k = 0; k < 4; ++k) bytes.push_back(static_cast<uint8_t>(u >> (8 * k)));
-    }
-    void f32(float v) {
-        int32_t i;
-        std::memcpy(&i, &v, 4);
-        i32(i);
-    }
+// The shared wire writer, plus runs of filler bytes.
+struct Record : WireRecord {
     void raw(uint8_t v, int n) { bytes.insert(bytes.end(), static_cast<size_t>(n), v); }
-    int size() const { return static_cast<int>(bytes.size()); }
 };
 
 // Sent values of face f: distinct per face so that slots cannot be mixed up.
