@@ -1,5 +1,6 @@
-// The rectangle and axis debug nodes: an FP record pushed as a host does
-// comes out as red lines on the face's box and head axes, and nowhere else.
+// The face debug nodes: an FP record pushed as a host does comes out as red
+// squares on the landmarks, red lines on the face's box and head axes, and
+// nowhere else.
 #include "basesys/Camera.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuAppNative.h"
@@ -7,6 +8,7 @@
 #include "basesys/ZuGlobalMgr.h"
 #include "data/DETECTTYPE.h"
 #include "node/ZuFaceAxis.h"
+#include "node/ZuFacePointNode.h"
 #include "node/ZuFaceRectNote.h"
 #include "operate/ZuOperateChangeDetectDataType.h"
 #include "operate/ZuOperateCreateLogicScene.h"
@@ -18,6 +20,7 @@
 #include "scene/ZuScene.h"
 #include "scene/ZuSceneMgr.h"
 #include "support/EngineFixture.h"
+#include "support/LogCapture.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -48,6 +51,13 @@ std::vector<uint8_t> fpRecord(const int32_t (&rect)[4], const std::map<int, std:
         put(&p.second);
     }
     return bytes;
+}
+
+// An FP record whose 106 landmarks are spread over a few spots in turn.
+std::vector<uint8_t> spotsRecord(const std::vector<std::pair<float, float>>& spots) {
+    std::map<int, std::pair<float, float>> points;
+    for (int i = 0; i < 106; ++i) points[i] = spots[i * spots.size() / 106];
+    return fpRecord({0, 0, kSize, kSize}, points);
 }
 
 bool isRed(const std::vector<uint8_t>& pixels, int x, int y) {
@@ -153,4 +163,57 @@ TEST_F(FaceDebugNodeTest, TheAxesRunFromEyeToEyeAndDownTheNose) {
             const bool onNose = std::abs(x - 32) <= 1 && y >= 7 && y <= 45;
             EXPECT_TRUE(onEyes || onNose) << "red at " << x << "," << y;
         }
+}
+
+TEST_F(FaceDebugNodeTest, PointsLandmarksComeOutRedWhereTheRecordPutsThem) {
+    ZuFacePointNode* node = addNode<ZuFacePointNode>("ZuFacePointNode", "facept");
+    ASSERT_NE(node, nullptr);
+    // Two spots in camera pixels; the engine counts y from the bottom, as
+    // GL rows do, so (12, 10) lands on row 54 and (44, 40) on row 24.
+    pushRecord(spotsRecord({{12.0f, 10.0f}, {44.0f, 40.0f}}));
+    frame();
+    EXPECT_EQ(node->getDrawnPointCount(), 106);
+    std::vector<uint8_t> pixels = scenePixels();
+    EXPECT_TRUE(isRed(pixels, 12, 54));
+    EXPECT_TRUE(isRed(pixels, 44, 24));
+    // Squares of the default size, nothing else: every red pixel lies within
+    // half a square of one of the spots.
+    int red = 0;
+    for (int y = 0; y < kSize; ++y)
+        for (int x = 0; x < kSize; ++x) {
+            if (!isRed(pixels, x, y)) continue;
+            ++red;
+            bool nearSpot = (std::abs(x - 12) <= 2 && std::abs(y - 54) <= 2) ||
+                            (std::abs(x - 44) <= 2 && std::abs(y - 24) <= 2);
+            EXPECT_TRUE(nearSpot) << "red at " << x << "," << y;
+        }
+    EXPECT_EQ(red, 2 * 4 * 4);
+
+    // Larger squares on request; an absurd size is refused and changes nothing.
+    node->setPointSize(8.0f);
+    {
+        LogCapture log;
+        node->setPointSize(0.0f);
+        EXPECT_EQ(log.count("point size", ZU_LOG_WARN), 1);
+    }
+    frame();
+    pixels = scenePixels();
+    EXPECT_TRUE(isRed(pixels, 12 - 3, 54 + 3));
+    EXPECT_FALSE(isRed(pixels, 12 - 6, 54));
+}
+
+TEST_F(FaceDebugNodeTest, PointsNoFaceNoPoints) {
+    ZuFacePointNode* node = addNode<ZuFacePointNode>("ZuFacePointNode", "facept");
+    ASSERT_NE(node, nullptr);
+    pushRecord(spotsRecord({{20.0f, 20.0f}}));
+    frame();
+    EXPECT_TRUE(isRed(scenePixels(), 20, 44));
+    // A frame without a face: the person keeps its old landmarks, but they
+    // are not the latest record's and are not drawn.
+    app->getAppInter()->setDetectData("dbg", nullptr, 0);
+    frame();
+    EXPECT_EQ(node->getDrawnPointCount(), 0);
+    std::vector<uint8_t> pixels = scenePixels();
+    for (int y = 0; y < kSize; ++y)
+        for (int x = 0; x < kSize; ++x) ASSERT_FALSE(isRed(pixels, x, y)) << x << "," << y;
 }
