@@ -122,22 +122,14 @@ void ZuPersonAnimoji_FP::_getMouthShape() {
 }
 
 void ZuPersonAnimoji_FP::_getEyeBall() {
-    const float h = ratio(d(a[11], a[28]), d(a[12], a[28]));
-    if (h > 1.0f) {
-        m.eyesRight = 200.0f * h - 200.0f;
-        m.eyesLeft = 0.0f;
-    } else {
-        m.eyesRight = 0.0f;
-        m.eyesLeft = h > 0.0f ? 200.0f / h - 200.0f : 100.0f;
-    }
-    const float v = ratio(d(a[15], a[28]), d(a[16], a[28]));
-    if (v > 1.0f) {
-        m.eyesUp = 200.0f * v - 200.0f;
-        m.eyesDown = 0.0f;
-    } else {
-        m.eyesUp = 0.0f;
-        m.eyesDown = v > 0.0f ? 200.0f / v - 200.0f : 100.0f;
-    }
+    // A distance ratio above 1 looks one way, below 1 the other; both are
+    // scaled so that a ratio of 1.5 (or 1/1.5) gives 100.
+    auto split = [](float ratio, float& above, float& below) {
+        above = ratio > 1.0f ? 200.0f * ratio - 200.0f : 0.0f;
+        below = ratio > 1.0f ? 0.0f : (ratio > 0.0f ? 200.0f / ratio - 200.0f : 100.0f);
+    };
+    split(ratio(d(a[11], a[28]), d(a[12], a[28])), m.eyesRight, m.eyesLeft);
+    split(ratio(d(a[15], a[28]), d(a[16], a[28])), m.eyesUp, m.eyesDown);
 }
 
 void ZuPersonAnimoji_FP::_getBrow() {

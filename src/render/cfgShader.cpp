@@ -76,7 +76,7 @@ const Row kRows[] = {
     {"faceBuffingWhite_es30Low", sv_faceBuffingWhiteEs30, sf_faceBuffingWhiteEs30Low},
     {"faceBuffingWhite_es30", sv_faceBuffingWhiteEs30, sf_faceBuffingWhiteEs30},
     {"faceBuffingWhite_es30High", sv_faceBuffingWhiteEs30, sf_faceBuffingWhiteEs30High},
-    {"faceBeautyOutline", sv_faceBeautyOutline, sf_faceBeautyOutline},
+    {"faceBeautyOutline", sv_faceBeautyOutline, sf_screennor}, // the warp is all in the vertex stage
 };
 
 qz::map<qz::string, cfgShader::Sources>* buildTable() {

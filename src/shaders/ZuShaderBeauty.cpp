@@ -322,10 +322,3 @@ void main() {
 }
 )";
 
-const char* const sf_faceBeautyOutline = QZ_BEAUTY_PRECISION R"(
-uniform sampler2D aTexture0;
-varying vec2 vTexcoord;
-void main() {
-    gl_FragColor = texture2D(aTexture0, vTexcoord);
-}
-)";

@@ -84,4 +84,3 @@ extern const char* const sf_faceBeautifyCurve;
 extern const char* const sv_faceBeautifyEs30;
 extern const char* const sf_faceBeautifyEs30;
 extern const char* const sv_faceBeautyOutline;
-extern const char* const sf_faceBeautyOutline;
