@@ -271,6 +271,9 @@ TEST_F(TextureTest, AtlasPagesAndRegions) {
     mgr->removeTexture(a);
     mgr->removeTexture(b);
     EXPECT_TRUE(glIsTexture(pageId));
+    // The load thread may still hold its own reference for a moment after
+    // publishing the pixels; ageing only counts from when it has let go.
+    ASSERT_TRUE(engine->pumpUntil([&] { return page->count() == 1; }));
     for (int i = 0; i < 3; ++i) mgr->removeUnuseTexture();
     EXPECT_EQ(mgr->size(), 0);
     EXPECT_FALSE(glIsTexture(pageId));
