@@ -6,8 +6,8 @@
 // engine links libpng privately, and this keeps the benchmark program's link
 // line what every benchmark has.
 
-#include "render/ZuPngLoader.h"
-#include "render/ZuPngWriter.h"
+#include "render/texture/ZuPngLoader.h"
+#include "render/texture/ZuPngWriter.h"
 
 #include <benchmark/benchmark.h>
 #include <dlfcn.h>

@@ -5,15 +5,15 @@
 #include "basesys/ZuGlobalMgr.h"
 #include "platform/ZuHeadlessContext.h"
 #include "platform/ZuLog.h"
-#include "render/RENDERSTREAMTYPE.h"
-#include "render/ZuMaterial.h"
-#include "render/ZuRenderData.h"
-#include "render/ZuRenderMesh.h"
+#include "render/command/RENDERSTREAMTYPE.h"
+#include "render/material/ZuMaterial.h"
+#include "render/mesh/ZuRenderData.h"
+#include "render/mesh/ZuRenderMesh.h"
 #include "render/ZuRenderMgr.h"
-#include "render/ZuRenderObject.h"
-#include "render/ZuRenderScene.h"
-#include "render/ZuTexMgr.h"
-#include "render/ZuTexture.h"
+#include "render/object/ZuRenderObject.h"
+#include "render/command/ZuRenderScene.h"
+#include "render/texture/ZuTexMgr.h"
+#include "render/texture/ZuTexture.h"
 
 #include <GLES3/gl3.h>
 #include <benchmark/benchmark.h>

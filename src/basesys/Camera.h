@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/ZuVec3.h"
+#include "render/math/ZuVec3.h"
 
 // How one scene's camera delivers its frames, before rotation. Owned by
 // ZuConfig, one per scene name.

@@ -2,7 +2,7 @@
 
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
-#include "node/ZuFaceBuffingWhiteNode.h"
+#include "node/beauty/ZuFaceBuffingWhiteNode.h"
 #include "scene/ZuNodeMgr.h"
 
 #include <typeinfo>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "event/ZuEvent.h"
-#include "render/ZuRect.h"
+#include "render/math/ZuRect.h"
 
 // The bird's box.
 class ZuEventFlappyBoundingBox : public ZuEvent {

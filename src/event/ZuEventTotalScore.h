@@ -1,7 +1,7 @@
 #pragma once
 
 #include "event/ZuEvent.h"
-#include "render/ZuVec2.h"
+#include "render/math/ZuVec2.h"
 
 // The total score with where to show it.
 class ZuEventTotalScore : public ZuEvent {

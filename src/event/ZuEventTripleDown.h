@@ -1,7 +1,7 @@
 #pragma once
 
 #include "event/ZuEvent.h"
-#include "render/ZuVec2.h"
+#include "render/math/ZuVec2.h"
 
 // A match in Triple Down.
 class ZuEventTripleDown : public ZuEvent {

@@ -1,7 +1,7 @@
 #include "operate/ZuOperateCreateFilter.h"
 
-#include "node/ZuFilterOutter.h"
-#include "node/ZuMaterialToneCurves.h"
+#include "node/filter/ZuFilterOutter.h"
+#include "node/filter/ZuMaterialToneCurves.h"
 #include "operate/ZuOperateSceneAccess.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuNodeMgr.h"

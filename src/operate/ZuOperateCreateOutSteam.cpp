@@ -1,8 +1,8 @@
 #include "operate/ZuOperateCreateOutSteam.h"
 
 #include "basesys/Camera.h"
-#include "node/ZuDataTransNode.h"
-#include "node/ZuOutputPath.h"
+#include "node/output/ZuDataTransNode.h"
+#include "node/output/ZuOutputPath.h"
 #include "operate/ZuOperateSceneAccess.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuNodeMgr.h"

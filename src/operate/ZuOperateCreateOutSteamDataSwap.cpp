@@ -1,7 +1,7 @@
 #include "operate/ZuOperateCreateOutSteamDataSwap.h"
 
 #include "data/ZuDataSwap.h"
-#include "node/ZuDataTransNode.h"
+#include "node/output/ZuDataTransNode.h"
 
 void ZuOperateCreateOutSteamDataSwap::process(float) {
     ZuDataTransNode* node = createTransNode(nodeName.c_str(), width, height);

@@ -1,8 +1,8 @@
 #include "operate/ZuOperateCreateOutputTexNode.h"
 
 #include "basesys/Camera.h"
-#include "node/ZuDataOutputTexNode.h"
-#include "node/ZuOutputPath.h"
+#include "node/output/ZuDataOutputTexNode.h"
+#include "node/output/ZuOutputPath.h"
 #include "operate/ZuOperateSceneAccess.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuNodeMgr.h"

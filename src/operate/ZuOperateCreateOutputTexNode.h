@@ -1,7 +1,7 @@
 #pragma once
 
 #include "basesys/qzString.h"
-#include "node/BGType.h"
+#include "node/camera/BGType.h"
 #include "operate/ZuOperateBase.h"
 
 // Adds a node that copies the scene into the host's texture at the camera's size.

@@ -2,7 +2,7 @@
 
 #include "event/ZuEvent.h"
 #include "event/ZuEventMgr.h"
-#include "node/ZuDataOutputScaleTexNode.h"
+#include "node/output/ZuDataOutputScaleTexNode.h"
 #include "operate/ZuOperateSceneAccess.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuNodeMgr.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "basesys/qzString.h"
-#include "node/BGType.h"
+#include "node/camera/BGType.h"
 #include "operate/ZuOperateBase.h"
 
 // Adds a node that copies the scene, scaled to width x height, into an own

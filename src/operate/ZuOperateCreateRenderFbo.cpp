@@ -1,6 +1,6 @@
 #include "operate/ZuOperateCreateRenderFbo.h"
 
-#include "node/ZuInputFboRenderNode.h"
+#include "node/output/ZuInputFboRenderNode.h"
 #include "operate/ZuOperateSceneAccess.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuNodeMgr.h"

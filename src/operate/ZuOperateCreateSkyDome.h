@@ -2,7 +2,7 @@
 
 #include "basesys/qzString.h"
 #include "operate/ZuOperateBase.h"
-#include "render/RENDERSTREAMTYPE.h"
+#include "render/command/RENDERSTREAMTYPE.h"
 
 // Puts a textured sky dome around a scene's 3D content.
 class ZuOperateCreateSkyDome : public ZuOperateBase {

@@ -1,6 +1,6 @@
 #include "operate/ZuOperateFilterMoon.h"
 
-#include "node/ZuFilterNode.h"
+#include "node/filter/ZuFilterNode.h"
 #include "operate/ZuOperateSceneAccess.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuNodeMgr.h"

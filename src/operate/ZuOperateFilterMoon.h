@@ -1,7 +1,7 @@
 #pragma once
 
 #include "basesys/qzString.h"
-#include "node/adjust_parameter.h"
+#include "node/filter/adjust_parameter.h"
 #include "operate/ZuOperateBase.h"
 
 // Puts a run-time curve look over a scene, from the host's 23 numbers.

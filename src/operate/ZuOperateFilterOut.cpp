@@ -1,7 +1,7 @@
 #include "operate/ZuOperateFilterOut.h"
 
-#include "node/ZuTimedFilter.h"
-#include "render/ZuMaterial.h"
+#include "node/filter/ZuTimedFilter.h"
+#include "render/material/ZuMaterial.h"
 
 ZuOperateFilterOut::ZuOperateFilterOut(ZuAppMain* app, const char* scene, int, ZuMaterial* material, float seconds)
     : ZuOperateBase(app), scene(scene ? scene : ""), material(material), seconds(seconds) {

@@ -3,8 +3,8 @@
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "platform/ZuLog.h"
-#include "render/ZuTexMgr.h"
-#include "render/ZuTexture.h"
+#include "render/texture/ZuTexMgr.h"
+#include "render/texture/ZuTexture.h"
 
 #include <GLES2/gl2.h>
 

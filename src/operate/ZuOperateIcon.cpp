@@ -1,6 +1,6 @@
 #include "operate/ZuOperateIcon.h"
 
-#include "node/ZuIconNode.h"
+#include "node/output/ZuIconNode.h"
 #include "operate/ZuOperateSceneAccess.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuNodeMgr.h"

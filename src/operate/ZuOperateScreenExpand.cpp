@@ -1,7 +1,7 @@
 #include "operate/ZuOperateScreenExpand.h"
 
-#include "node/ZuTimedFilter.h"
-#include "node/ZuMaterialScreenExpand.h"
+#include "node/filter/ZuTimedFilter.h"
+#include "node/filter/ZuMaterialScreenExpand.h"
 
 void ZuOperateScreenExpand::process(float) {
     auto* material = new ZuMaterialScreenExpand(app);

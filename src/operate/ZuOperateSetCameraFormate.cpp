@@ -7,7 +7,7 @@
 #include "data/ZuCameraImageFormat.h"
 #include "data/ZuDataGenCamera.h"
 #include "data/ZuDataMgr.h"
-#include "node/ZuBackGroundNode.h"
+#include "node/camera/ZuBackGroundNode.h"
 #include "operate/ZuOperateSceneAccess.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuNodeMgr.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "basesys/qzString.h"
-#include "node/BGType.h"
+#include "node/camera/BGType.h"
 #include "operate/ZuOperateBase.h"
 
 // Gives a scene a camera background read from a GL texture that the host

@@ -6,8 +6,8 @@
 #include "event/ZuTextureEvent.h"
 #include "operate/ZuOperateMgr.h"
 #include "platform/ZuLog.h"
-#include "render/ZuPngLoader.h"
-#include "render/ZuTexture.h"
+#include "render/texture/ZuPngLoader.h"
+#include "render/texture/ZuTexture.h"
 
 #include <GLES3/gl3.h>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 #include "operate/ZuOperateUpdateBGTexture.h"
 
-#include "node/ZuBackGroundExtTextureNode.h"
+#include "node/camera/ZuBackGroundExtTextureNode.h"
 #include "operate/ZuOperateSceneAccess.h"
 #include "scene/ZuNodeMgr.h"
 

@@ -4,7 +4,7 @@
 #include "basesys/ZuGlobalMgr.h"
 #include "operate/ZuOperateSceneAccess.h"
 #include "render/ZuRenderMgr.h"
-#include "render/ZuRenderScene.h"
+#include "render/command/ZuRenderScene.h"
 #include "scene/ZuScene.h"
 
 void ZuSceneVisible::process(float) { apply(app, name.c_str(), visible); }

@@ -2,7 +2,7 @@
 
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
-#include "node/ZuBeautyNode.h"
+#include "node/beauty/ZuBeautyNode.h"
 #include "parse/ZuParse.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuNodeMgr.h"

@@ -2,7 +2,7 @@
 
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
-#include "node/ZuFaceBuffingWhiteNode.h"
+#include "node/beauty/ZuFaceBuffingWhiteNode.h"
 #include "parse/ZuParse.h"
 #include "platform/ZuLog.h"
 #include "scene/ZuNodeCreator.h"

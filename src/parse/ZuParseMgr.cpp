@@ -14,7 +14,7 @@
 #include "parse/ZuParseData.h"
 #include "parse/ZuParseItemTypes.h"
 #include "platform/ZuLog.h"
-#include "render/RENDERSTREAMTYPE.h"
+#include "render/command/RENDERSTREAMTYPE.h"
 
 void ZuParseMgr::init() {
     dictionary.clear();

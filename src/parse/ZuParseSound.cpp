@@ -2,7 +2,7 @@
 
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
-#include "node/ZuSoundNode.h"
+#include "node/sound/ZuSoundNode.h"
 #include "parse/ZuParse.h"
 #include "platform/ZuLog.h"
 #include "scene/ZuNodeCreator.h"

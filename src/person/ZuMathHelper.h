@@ -1,7 +1,7 @@
 #pragma once
 
 #include "basesys/qzArray.h"
-#include "render/ZuVec2.h"
+#include "render/math/ZuVec2.h"
 
 // Geometry helpers of the face overlays.
 class ZuMathHelper {

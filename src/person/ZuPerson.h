@@ -4,7 +4,7 @@
 #include "basesys/qzString.h"
 #include "data/DETECTTYPE.h"
 #include "data/SELF_FACE_OTHER.h"
-#include "render/ZuRect.h"
+#include "render/math/ZuRect.h"
 
 #include <cstdint>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/ZuVec2.h"
+#include "render/math/ZuVec2.h"
 
 struct StanderFace;
 

@@ -3,7 +3,7 @@
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuRefObject.h"
 #include "basesys/qzString.h"
-#include "render/ZuRect.h"
+#include "render/math/ZuRect.h"
 
 class ZuDetectBase;
 

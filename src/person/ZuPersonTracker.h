@@ -1,9 +1,9 @@
 #pragma once
 
 #include "basesys/ZuRefObject.h"
-#include "render/ZuMat4.h"
-#include "render/ZuRect.h"
-#include "render/ZuVec3.h"
+#include "render/math/ZuMat4.h"
+#include "render/math/ZuRect.h"
+#include "render/math/ZuVec3.h"
 
 class ZuAppMain;
 

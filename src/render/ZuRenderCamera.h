@@ -1,7 +1,7 @@
 #pragma once
 
-#include "render/ZuMat4.h"
-#include "render/ZuVec3.h"
+#include "render/math/ZuMat4.h"
+#include "render/math/ZuVec3.h"
 
 // The camera with which a scene maps design coordinates to clip space. The
 // default looks straight down -z at a w x h design plane at z = 0, placed so

@@ -3,8 +3,8 @@
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "basesys/ZuGlobalParam.h"
-#include "render/ZuRenderData.h"
-#include "render/ZuRenderScene.h"
+#include "render/mesh/ZuRenderData.h"
+#include "render/command/ZuRenderScene.h"
 
 ZuRenderMgr::~ZuRenderMgr() { destroy(); }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/ZuVec3.h"
+#include "render/math/ZuVec3.h"
 #include "scene/ZuActionBase.h"
 
 // Moves a node from a start to a stop point at a speed, clamped at the stop.

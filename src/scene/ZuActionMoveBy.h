@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/ZuVec3.h"
+#include "render/math/ZuVec3.h"
 #include "scene/ZuActionBase.h"
 
 // Moves a node along a direction at a constant speed, for ever: its owner

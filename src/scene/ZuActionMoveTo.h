@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/ZuVec3.h"
+#include "render/math/ZuVec3.h"
 #include "scene/ZuActionBase.h"
 
 // Moves a node in a straight line from one point to another at a speed. It

@@ -1,11 +1,11 @@
 #include "scene/ZuAdaptObj.h"
 
-#include "render/RENDERSTREAMTYPE.h"
-#include "render/ZuMaterial.h"
+#include "render/command/RENDERSTREAMTYPE.h"
+#include "render/material/ZuMaterial.h"
 #include "render/ZuRenderCamera.h"
-#include "render/ZuRenderData.h"
-#include "render/ZuRenderMesh.h"
-#include "render/ZuRenderObject.h"
+#include "render/mesh/ZuRenderData.h"
+#include "render/mesh/ZuRenderMesh.h"
+#include "render/object/ZuRenderObject.h"
 #include "scene/ZuScene.h"
 
 ZuAdaptObj::~ZuAdaptObj() { destroy(); }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "basesys/ZuGBase.h"
-#include "render/ZuMat4.h"
+#include "render/math/ZuMat4.h"
 
 class ZuMaterial;
 class ZuRenderCamera;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/ZuVec3.h"
+#include "render/math/ZuVec3.h"
 
 // An axis-aligned box; empty until the first point is added.
 struct ZuBoundingBox {

@@ -5,7 +5,7 @@
 #include "basesys/ZuGlobalParam.h"
 #include "data/ZuDataMgr.h"
 #include "event/ZuEventMgr.h"
-#include "render/ZuRenderObject.h"
+#include "render/object/ZuRenderObject.h"
 #include "scene/NodeIDPoolMgr.h"
 #include "scene/ZuActionBase.h"
 #include "scene/ZuScene.h"

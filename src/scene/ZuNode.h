@@ -4,7 +4,7 @@
 #include "basesys/qzList.h"
 #include "basesys/qzString.h"
 #include "event/ZuEventProc.h"
-#include "render/ZuMat4.h"
+#include "render/math/ZuMat4.h"
 #include "scene/ZuBoundingBox.h"
 
 class ZuActionBase;

@@ -5,7 +5,7 @@
 #include "basesys/ZuGlobalParam.h"
 #include "render/ZuRenderCamera.h"
 #include "render/ZuRenderMgr.h"
-#include "render/ZuRenderScene.h"
+#include "render/command/ZuRenderScene.h"
 #include "scene/ZuAdaptObj.h"
 #include "scene/ZuVesperObj.h"
 

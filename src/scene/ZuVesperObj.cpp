@@ -3,11 +3,11 @@
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "basesys/ZuGlobalParam.h"
-#include "render/RENDERSTREAMTYPE.h"
-#include "render/ZuFboBeginRenderObject.h"
-#include "render/ZuFboEndRenderObject.h"
-#include "render/ZuFboMgr.h"
-#include "render/ZuFboObject.h"
+#include "render/command/RENDERSTREAMTYPE.h"
+#include "render/fbo/ZuFboBeginRenderObject.h"
+#include "render/fbo/ZuFboEndRenderObject.h"
+#include "render/fbo/ZuFboMgr.h"
+#include "render/fbo/ZuFboObject.h"
 #include "render/ZuRenderCamera.h"
 
 #include <cstdio>

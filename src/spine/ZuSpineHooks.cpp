@@ -5,8 +5,8 @@
 #include "basesys/ZuFileMgr.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "platform/ZuLog.h"
-#include "render/ZuTexMgr.h"
-#include "render/ZuTexture.h"
+#include "render/texture/ZuTexMgr.h"
+#include "render/texture/ZuTexture.h"
 #include "spine/spAllocator.h"
 #include "spine/spAtlas.h"
 

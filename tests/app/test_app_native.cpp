@@ -9,7 +9,7 @@
 #include "event/ZuEventProc.h"
 #include "event/ZuFaceBeautifyEvent.h"
 #include "render/ZuRenderMgr.h"
-#include "render/ZuRenderScene.h"
+#include "render/command/ZuRenderScene.h"
 #include "scene/ZuAdaptObj.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuNodeMgr.h"

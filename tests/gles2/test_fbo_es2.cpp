@@ -1,10 +1,10 @@
-#include "render/ZuFboMgr.h"
-#include "render/ZuFboObject.h"
-#include "render/ZuTexture.h"
-#include "render/ZuTexture2D.h"
+#include "render/fbo/ZuFboMgr.h"
+#include "render/fbo/ZuFboObject.h"
+#include "render/texture/ZuTexture.h"
+#include "render/texture/ZuTexture2D.h"
 #include "support/GLTest.h"
 #include "support/LogCapture.h"
-#include "../render/test_texture_support.h"
+#include "render/test_texture_support.h"
 
 using namespace texsupport;
 

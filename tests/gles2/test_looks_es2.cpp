@@ -1,11 +1,11 @@
 // The named looks on a true ES 2.0 context, each made by the filter-creating
 // operation and given its look: every program links in GLSL ES 1.00 and
 // every look changes the chart.
-#include "node/FilterFixture.h"
-#include "node/ZuBeauFilterNode.h"
-#include "node/ZuBeauFilterTable.h"
+#include "node/filter/FilterFixture.h"
+#include "node/filter/ZuBeauFilterNode.h"
+#include "node/filter/ZuBeauFilterTable.h"
 #include "operate/ZuOperateCreateFilter.h"
-#include "render/ZuTexture.h"
+#include "render/texture/ZuTexture.h"
 
 namespace {
 

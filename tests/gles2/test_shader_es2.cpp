@@ -1,7 +1,7 @@
-#include "render/ZuRenderData.h"
-#include "render/ZuRenderMesh.h"
-#include "render/ZuShaderMgr.h"
-#include "render/cfgShader.h"
+#include "render/mesh/ZuRenderData.h"
+#include "render/mesh/ZuRenderMesh.h"
+#include "render/shader/ZuShaderMgr.h"
+#include "render/shader/cfgShader.h"
 #include "support/GLTest.h"
 
 #include <cmath>

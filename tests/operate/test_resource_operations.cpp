@@ -4,9 +4,9 @@
 #include "operate/ZuOperateCreateShader.h"
 #include "operate/ZuOperateGenHeadTexture.h"
 #include "operate/ZuOperatePlaySound.h"
-#include "render/ZuMaterial.h"
-#include "render/ZuTexMgr.h"
-#include "render/ZuTexture.h"
+#include "render/material/ZuMaterial.h"
+#include "render/texture/ZuTexMgr.h"
+#include "render/texture/ZuTexture.h"
 #include "support/GLTest.h"
 #include "support/LogCapture.h"
 

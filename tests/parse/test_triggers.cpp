@@ -11,7 +11,7 @@
 #include "event/ZuPersonEvent.h"
 #include "event/ZuReactEvent.h"
 #include "event/ZuTriggerLists.h"
-#include "node/ZuSoundNode.h"
+#include "node/sound/ZuSoundNode.h"
 #include "parse/ZuParse.h"
 #include "parse/ZuParseDataEvent.h"
 #include "parse/ZuParseMgr.h"

@@ -6,15 +6,15 @@
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
-#include "render/ZuFboMgr.h"
-#include "render/ZuFboObject.h"
-#include "render/ZuMaterialColorSelect2d.h"
-#include "render/ZuRenderData.h"
+#include "render/fbo/ZuFboMgr.h"
+#include "render/fbo/ZuFboObject.h"
+#include "render/material/ZuMaterialColorSelect2d.h"
+#include "render/mesh/ZuRenderData.h"
 #include "render/ZuRenderMgr.h"
-#include "render/ZuRenderObject.h"
-#include "render/ZuRenderScene.h"
+#include "render/object/ZuRenderObject.h"
+#include "render/command/ZuRenderScene.h"
 #include "support/GLTest.h"
-#include "test_texture_support.h"
+#include "render/test_texture_support.h"
 
 #include <vector>
 

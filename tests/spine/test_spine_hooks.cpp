@@ -4,8 +4,8 @@
 
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
-#include "render/ZuTexMgr.h"
-#include "render/ZuTexture.h"
+#include "render/texture/ZuTexMgr.h"
+#include "render/texture/ZuTexture.h"
 #include "support/LogCapture.h"
 #include "support/TempDir.h"
 

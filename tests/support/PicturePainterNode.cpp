@@ -3,12 +3,12 @@
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "basesys/ZuGlobalParam.h"
-#include "render/RENDERSTREAMTYPE.h"
-#include "render/ZuMaterial.h"
-#include "render/ZuRenderData.h"
+#include "render/command/RENDERSTREAMTYPE.h"
+#include "render/material/ZuMaterial.h"
+#include "render/mesh/ZuRenderData.h"
 #include "render/ZuRenderMgr.h"
-#include "render/ZuRenderObject.h"
-#include "render/ZuTexture2D.h"
+#include "render/object/ZuRenderObject.h"
+#include "render/texture/ZuTexture2D.h"
 #include "scene/ZuScene.h"
 
 #include <GLES2/gl2.h>

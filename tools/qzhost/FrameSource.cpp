@@ -1,6 +1,6 @@
 #include "FrameSource.h"
 
-#include "render/ZuPngLoader.h"
+#include "render/texture/ZuPngLoader.h"
 
 #include <GLES2/gl2.h>
 #include <algorithm>

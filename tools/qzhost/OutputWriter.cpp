@@ -1,6 +1,6 @@
 #include "OutputWriter.h"
 
-#include "render/ZuPngWriter.h"
+#include "render/texture/ZuPngWriter.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,0 +1,17 @@
+#include "node/filter/ZuMaterialToneCurves.h"
+
+#include "basesys/ZuAppMain.h"
+#include "basesys/ZuGlobalMgr.h"
+#include "basesys/ZuGlobalParam.h"
+#include "render/texture/ZuTexMgr.h"
+#include "render/texture/ZuTexture.h"
+#include "scene/ZuScene.h"
+
+void ZuMaterialToneCurves::update(float dt) {
+    ZuGMaterial::update(dt);
+    ZuScene* scene = app && app->getGlobalParam() ? app->getGlobalParam()->activeScene : nullptr;
+    setTexture0FBO(scene ? scene->getFbo() : nullptr, false);
+    ZuTexMgr* textures = app && app->getGlobalMgr() ? app->getGlobalMgr()->getTexMgr() : nullptr;
+    ZuTexture* curves = textures ? textures->getTexture("Chuxia.asv", false) : nullptr;
+    if (curves && curves->getid() > 0) texId[1] = static_cast<unsigned>(curves->getid());
+}

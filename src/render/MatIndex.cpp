@@ -1,9 +1,0 @@
-#include "render/MatIndex.h"
-
-MatIndex::~MatIndex() { delete mat; }
-
-void MatIndex::setMatrix(ZuMat4* matrix) {
-    if (matrix == mat) return;
-    delete mat;
-    mat = matrix;
-}

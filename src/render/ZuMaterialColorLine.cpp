@@ -1,3 +1,0 @@
-#include "render/ZuMaterialColorLine.h"
-
-const char* ZuMaterialColorLine::programKey() const { return "normalv2"; }

@@ -1,3 +1,0 @@
-#include "render/ZuMaterialColorSelect2dSpine.h"
-
-const char* ZuMaterialColorSelect2dSpine::programKey() const { return "colorselect2dspine"; }

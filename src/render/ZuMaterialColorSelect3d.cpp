@@ -1,3 +1,0 @@
-#include "render/ZuMaterialColorSelect3d.h"
-
-const char* ZuMaterialColorSelect3d::programKey() const { return "colorselect3d"; }

@@ -1,8 +1,0 @@
-#include "render/ZuMaterialScreen.h"
-
-void ZuMaterialScreen::init() {
-    ZuGMaterial::init();
-    AsynloadShader(app, "screennor");
-    depthTest = true;
-    blendEnable = false;
-}

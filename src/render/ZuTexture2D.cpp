@@ -1,1 +1,0 @@
-#include "render/ZuTexture2D.h"

@@ -1,9 +1,0 @@
-#pragma once
-
-#include "render/ZuTexture.h"
-
-// A plain image texture: what files, internal targets and pushed data use.
-class ZuTexture2D : public ZuTexture {
-public:
-    explicit ZuTexture2D(ZuAppMain* app) : ZuTexture(app) {}
-};

@@ -1,0 +1,21 @@
+#include "render/command/ZuRenderCmdSpe.h"
+
+#include "render/material/ZuMaterial.h"
+#include "render/mesh/ZuRenderMesh.h"
+
+ZuRenderCmdSpe::~ZuRenderCmdSpe() {
+    qzSafeRelease(mesh);
+    qzSafeRelease(material);
+}
+
+void ZuRenderCmdSpe::setMesh(ZuRenderMesh* value) {
+    if (value) value->retain();
+    qzSafeRelease(mesh);
+    mesh = value;
+}
+
+void ZuRenderCmdSpe::setMaterial(ZuMaterial* value) {
+    if (value) value->retain();
+    qzSafeRelease(material);
+    material = value;
+}

@@ -1,0 +1,3 @@
+#include "render/material/ZuMaterialColorLine.h"
+
+const char* ZuMaterialColorLine::programKey() const { return "normalv2"; }

@@ -1,0 +1,3 @@
+#include "render/material/ZuMaterialColorSelect3d.h"
+
+const char* ZuMaterialColorSelect3d::programKey() const { return "colorselect3d"; }

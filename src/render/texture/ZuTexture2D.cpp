@@ -1,0 +1,1 @@
+#include "render/texture/ZuTexture2D.h"

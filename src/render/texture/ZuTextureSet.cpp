@@ -1,0 +1,1 @@
+#include "render/texture/ZuTextureSet.h"
