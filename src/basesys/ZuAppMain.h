@@ -1,5 +1,6 @@
 #pragma once
 
+#include "basesys/ZuRandom.h"
 #include "basesys/ZuRefObject.h"
 
 #include <atomic>
@@ -49,6 +50,9 @@ public:
     ZuAppNative* getAppInter() const { return appInter; }
     ZuGlobalMgr* getGlobalMgr() const { return globalMgr; }
     ZuGlobalParam* getGlobalParam() const { return globalParam; }
+    // The engine's random source: seeded from the clock, reseeded by hosts and
+    // tests that need a repeatable run.
+    ZuRandom& getRandom() { return random; }
 
     void addRespath(const char* path);
     // Restarts the frame clock: the next delta is again 0.033.
@@ -69,4 +73,5 @@ protected:
     WallTime lastTime;
     std::atomic<bool> firstGetDert{true};
     Clock clock;
+    ZuRandom random;
 };
