@@ -58,7 +58,6 @@ struct QuadFrame {
         scene->refresh();
         for (ZuRenderObject* o : objects) o->release();
         qzSafeRelease(mesh);
-        material->destroy();
         material->release();
         app->setState("bench", ZU_ENG_STATE_STOPPING);
         app->destroyZuBase();

@@ -1,6 +1,8 @@
 #include "basesys/ZuAppMain.h"
 
 #include "basesys/ZuAppNative.h"
+#include "basesys/ZuCheck.h"
+#include "basesys/ZuLiveObjects.h"
 #include "basesys/ZuFileMgr.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "basesys/ZuGlobalParam.h"
@@ -17,7 +19,7 @@ ZuAppMain::WallTime systemClock() {
 
 } // namespace
 
-ZuAppMain::ZuAppMain() : clock(systemClock) {}
+ZuAppMain::ZuAppMain() : clock(systemClock), liveObjects(new ZuLiveObjects()) {}
 
 ZuAppMain::~ZuAppMain() {
     // A host that skipped the stop sequence still gets its managers torn down.
@@ -26,6 +28,7 @@ ZuAppMain::~ZuAppMain() {
         destroyZuBase();
     }
     destroy();
+    qzSafeRelease(liveObjects);
 }
 
 void ZuAppMain::init() {
@@ -54,6 +57,16 @@ void ZuAppMain::destroyZuBase() {
     globalMgr->destroy();
     if (globalParam) globalParam->clear();
     state = ZU_ENG_STATE_STOPPED;
+    reportLiveObjects();
+}
+
+void ZuAppMain::reportLiveObjects() const {
+    using Kind = ZuLiveObjects::Kind;
+    const Kind kinds[] = {Kind::Texture, Kind::Material, Kind::Framebuffer};
+    for (Kind kind : kinds) {
+        int left = liveObjects->alive(kind);
+        QZ_INVARIANT(left == 0, "%d %s(s) still alive after the engine stopped", left, ZuLiveObjects::nameOf(kind));
+    }
 }
 
 void ZuAppMain::setState(const char* who, ZU_ENG_STATE newState) { state = newState; }

@@ -10,6 +10,7 @@
 class ZuAppNative;
 class ZuGlobalMgr;
 class ZuGlobalParam;
+class ZuLiveObjects;
 
 // Engine states.
 typedef uint32_t ZU_ENG_STATE;
@@ -53,6 +54,9 @@ public:
     // The engine's random source: seeded from the clock, reseeded by hosts and
     // tests that need a repeatable run.
     ZuRandom& getRandom() { return random; }
+    // Textures, materials and framebuffers of this engine still alive; what
+    // is left at destroyZuBase is logged as a leak.
+    ZuLiveObjects* getLiveObjects() const { return liveObjects; }
 
     void addRespath(const char* path);
     // Restarts the frame clock: the next delta is again 0.033.
@@ -63,6 +67,8 @@ public:
     void setClock(Clock clock);
 
 protected:
+    // Any texture, material or framebuffer still alive breaks an invariant.
+    void reportLiveObjects() const;
     // Milliseconds since the last call; 0.033 on the first call after a (re)start.
     float _getDert();
 
@@ -74,4 +80,5 @@ protected:
     std::atomic<bool> firstGetDert{true};
     Clock clock;
     ZuRandom random;
+    ZuLiveObjects* liveObjects;
 };

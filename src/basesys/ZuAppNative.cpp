@@ -2,6 +2,7 @@
 
 #include "basesys/Camera.h"
 #include "basesys/ZuAppMain.h"
+#include "basesys/ZuCheck.h"
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuFileMgr.h"
 #include "basesys/ZuGlobalMgr.h"
@@ -72,6 +73,8 @@ void ZuAppNative::pushCameraData(const char* sceneName, const void* data, int le
     if (length != size) {
         printf("%s\n", kWrongFrameLength);
         fflush(stdout);
+        QZLOGW("camera frame for scene %s refused: %d bytes, but %d x %d in camera format %s (%d) is %d bytes",
+               sceneName ? sceneName : "", length, width, height, cameraFormatName(format), format, size);
         return;
     }
     if (ZuDataGenCamera* source = app->getGlobalMgr()->getDataMgr()->getDataGenCamera(sceneName))
@@ -91,14 +94,32 @@ void ZuAppNative::setAssetsManager(AAssetManager* manager) {
         app->getGlobalMgr()->getFileMgr()->setAssetsManager(manager);
 }
 
-bool ZuAppNative::canPush() const {
-    return app && app->getState() == ZU_ENG_STATE_RUNNING && app->getGlobalMgr() &&
-           app->getGlobalMgr()->getOperateMgr();
+namespace {
+
+const char* stateName(const ZuAppMain* app) {
+    if (!app) return "gone";
+    switch (app->getState()) {
+    case ZU_ENG_STATE_STOPPED: return "stopped";
+    case ZU_ENG_STATE_RUNNING: return "running";
+    case ZU_ENG_STATE_STOPPING: return "stopping";
+    default: return "in an unknown state";
+    }
 }
 
-bool ZuAppNative::canPushEffect() const {
-    return app && app->getState() != ZU_ENG_STATE_STOPPING && app->getGlobalMgr() &&
-           app->getGlobalMgr()->getOperateMgr();
+} // namespace
+
+bool ZuAppNative::canPush(const char* call) const {
+    bool running = app && app->getState() == ZU_ENG_STATE_RUNNING;
+    QZ_REQUIRE_OR(running && app->getGlobalMgr() && app->getGlobalMgr()->getOperateMgr(), false,
+                  "%s ignored: the engine is %s", call, stateName(app));
+    return true;
+}
+
+bool ZuAppNative::canPushEffect(const char* call) const {
+    bool taking = app && app->getState() != ZU_ENG_STATE_STOPPING;
+    QZ_REQUIRE_OR(taking && app->getGlobalMgr() && app->getGlobalMgr()->getOperateMgr(), false,
+                  "%s ignored: the engine is %s", call, stateName(app));
+    return true;
 }
 
 void ZuAppNative::push(ZuOperateBase* op) {

@@ -116,10 +116,11 @@ public:
     void setDetectData(const char* name, const void* data, int size);
 
 protected:
-    // Guard of most pushes: running, with an operation manager.
-    bool canPush() const;
+    // Guard of most pushes: running, with an operation manager. A refused
+    // call is logged under the name of the facade method that made it.
+    bool canPush(const char* call = __builtin_FUNCTION()) const;
     // Guard of the effect methods: not stopping, with an operation manager.
-    bool canPushEffect() const;
+    bool canPushEffect(const char* call = __builtin_FUNCTION()) const;
     // The output node of that name, when the engine serves nodes.
     class ZuDataTransNode* transNode(const char* nodeName, bool needRunning) const;
     // Pushes to the frame queue and lets go of the creator's reference.

@@ -32,6 +32,18 @@ private:
     std::atomic<uint32_t> m_count{1};
 };
 
+// Stores value in a holder that owns a reference: retains the new object,
+// then releases the old one (in that order, so assigning the same object, or
+// one that only the old holds, is safe).
+template <class T>
+inline void qzAssignRetained(T*& holder, T* value) {
+    if (holder == value) return;
+    if (value) value->retain();
+    T* old = holder;
+    holder = value;
+    if (old) old->release();
+}
+
 // Releases a held reference and nulls the holder, the engine's usual idiom.
 template <class T>
 inline void qzSafeRelease(T*& object) {

@@ -13,6 +13,12 @@ enum CAMERAIMAGEFORMATE {
     CIF_NONE = 8,
 };
 
+// The format's name as logs show it ("NV21"); "unknown" outside the list.
+inline const char* cameraFormatName(int format) {
+    static const char* const names[] = {"GRAY", "YV12", "I420", "NV12", "NV21", "BGRA", "RGB", "RGBA", "NONE"};
+    return format >= 0 && format <= CIF_NONE ? names[format] : "unknown";
+}
+
 // Bytes of one frame of that format and size; 0 for CIF_NONE and unknown values.
 inline int cameraFrameSize(int format, int width, int height) {
     if (width <= 0 || height <= 0) return 0;

@@ -24,7 +24,6 @@ void ZuAdaptObj::init(int newWinWidth, int newWinHeight, int newSceneWidth, int 
 }
 
 void ZuAdaptObj::destroy() {
-    if (material) material->destroy();
     qzSafeRelease(material);
     qzSafeRelease(renderObject);
     qzSafeRelease(mesh);

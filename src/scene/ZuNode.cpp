@@ -1,6 +1,7 @@
 #include "scene/ZuNode.h"
 
 #include "basesys/ZuAppMain.h"
+#include "basesys/ZuCheck.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "basesys/ZuGlobalParam.h"
 #include "data/ZuDataMgr.h"
@@ -87,7 +88,12 @@ void ZuNode::setRotationX(float x, float y, float z, EUR_TYPE order) {
 }
 
 void ZuNode::addChild(ZuNode* child) {
-    if (!child || child == this || hasChild(child)) return;
+    QZ_REQUIRE(child != nullptr, "parent %s", m_name.c_str());
+    QZ_REQUIRE(child != this, "node %s under itself", m_name.c_str());
+    if (hasChild(child)) return;
+    // A node lives in one tree: moving it is removeFromParent, then addChild.
+    QZ_REQUIRE(child->getParent() == nullptr, "%s already hangs under %s, not added under %s",
+               child->m_name.c_str(), child->getParent()->m_name.c_str(), m_name.c_str());
     m_children.push_back(child); // clears isSorted, so the next walk sorts
     child->setParent(this);
     child->retain();

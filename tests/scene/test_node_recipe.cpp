@@ -47,7 +47,6 @@ public:
     }
     // ...and zudestroy releases what zuinit made.
     void zudestroy() override {
-        if (material) material->destroy();
         qzSafeRelease(material);
         qzSafeRelease(object);
         if (texture) texture->zudestroy();

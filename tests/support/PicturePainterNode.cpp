@@ -33,7 +33,6 @@ void PicturePainterNode::zuinit() {
 }
 
 void PicturePainterNode::zudestroy() {
-    if (material) material->destroy();
     qzSafeRelease(material);
     qzSafeRelease(object);
     if (texture) texture->zudestroy();

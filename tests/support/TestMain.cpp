@@ -2,6 +2,7 @@
 // GL display so that Mesa's rasteriser threads have ended before the process
 // exits. LeakSanitizer's exit-time scan stops every thread of the process to
 // read its stack; with the driver's threads gone it meets only this one.
+#include "basesys/ZuCheck.h"
 #include "platform/ZuHeadlessContext.h"
 
 #include <dlfcn.h>
@@ -27,6 +28,9 @@ void keepLoadedLibrariesMapped() {
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
+    // A broken engine invariant fails the test that broke it, wherever it is
+    // found (an object left alive at shutdown, for one).
+    ZuCheck::setInvariantHandler([](const char* message) { ADD_FAILURE() << message; });
     const int result = RUN_ALL_TESTS();
     keepLoadedLibrariesMapped();
     ZuHeadlessContext::instance().shutdown();

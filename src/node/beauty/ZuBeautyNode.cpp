@@ -50,7 +50,6 @@ void ZuBeautyNode::zuinit() {
 
 void ZuBeautyNode::zudestroy() {
     ZuFilter::zudestroy();
-    if (material) material->destroy();
     qzSafeRelease(material);
     qzSafeRelease(grid);
 }

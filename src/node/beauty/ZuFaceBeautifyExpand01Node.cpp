@@ -34,7 +34,6 @@ void ZuFaceBeautifyExpand01Node::zuinit() {
 
 void ZuFaceBeautifyExpand01Node::zudestroy() {
     ZuFilter::zudestroy();
-    if (material) material->destroy();
     qzSafeRelease(material);
 }
 

@@ -34,6 +34,8 @@ void ZuFaceBeautifyMaterial::init() {
     updateLocation();
 }
 
+ZuFaceBeautifyMaterial::~ZuFaceBeautifyMaterial() { qzSafeRelease(lookup); }
+
 void ZuFaceBeautifyMaterial::destroy() {
     qzSafeRelease(lookup);
     ZuGMaterial::destroy();
@@ -41,9 +43,7 @@ void ZuFaceBeautifyMaterial::destroy() {
 
 void ZuFaceBeautifyMaterial::setLookupTexture(ZuTexture* texture) {
     if (texture == lookup) return;
-    if (texture) texture->retain();
-    qzSafeRelease(lookup);
-    lookup = texture;
+    qzAssignRetained(lookup, texture);
     setTexture1(texture);
     if (lookup) lookup->setData(table, kLevels * 3, true);
 }

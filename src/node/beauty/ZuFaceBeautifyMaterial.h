@@ -15,6 +15,7 @@ public:
     explicit ZuFaceBeautifyMaterial(ZuAppMain* app);
 
     void init() override;
+    ~ZuFaceBeautifyMaterial() override;
     void destroy() override;
     void _refreshInner() override;
 

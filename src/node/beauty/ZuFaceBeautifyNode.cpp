@@ -45,7 +45,6 @@ void ZuFaceBeautifyNode::zuinit() {
 void ZuFaceBeautifyNode::zudestroy() {
     ZuFilter::zudestroy();
     qzSafeRelease(pickObject);
-    if (material) material->destroy();
     qzSafeRelease(material);
     qzSafeRelease(pixelSwap);
     qzSafeRelease(pointSwap);

@@ -61,7 +61,6 @@ void ZuFaceBuffingWhiteNode::zuinit() {
 
 void ZuFaceBuffingWhiteNode::zudestroy() {
     ZuFilter::zudestroy();
-    if (material) material->destroy();
     qzSafeRelease(material);
 }
 

@@ -99,7 +99,6 @@ void BGTexture::createNorTexture(ZuAppMain* app, const char* path) {
 
 void BGTexture::destroyTexture() {
     for (ZuTexture** slot : {&rgbaTex, &bgraTex, &yTex, &uvTex, &uTex, &vTex, &norTex}) qzSafeRelease(*slot);
-    if (material) material->destroy();
     qzSafeRelease(material);
     qzSafeRelease(renderObject);
     qzSafeRelease(fboBegin);

@@ -15,6 +15,10 @@
 #include "render/mesh/ZuRenderData.h"
 #include "render/object/ZuRenderObject.h"
 #include "render/texture/ZuTexture.h"
+#include "platform/ZuLog.h"
+
+#include <cstdarg>
+#include <cstdio>
 
 ZuBackGroundNode::ZuBackGroundNode(ZuAppMain* app) : ZuNode(app) { setType("ZuBackGroundNode"); }
 
@@ -28,7 +32,6 @@ void ZuBackGroundNode::zuinit() {
 
 void ZuBackGroundNode::zudestroy() {
     debug(false);
-    if (outMaterial) outMaterial->destroy();
     qzSafeRelease(outMaterial);
     if (bgTexture) {
         // Consumers find the image by scene: this one must not stay listed.
@@ -96,7 +99,6 @@ void ZuBackGroundNode::debug(bool on) {
         debugObject->setMaterial(debugMaterial);
         if (ZuRenderData* data = BGTexture::renderDataOf(app)) debugObject->setMesh(data->meshTopRight);
     } else if (!on) {
-        if (debugMaterial) debugMaterial->destroy();
         qzSafeRelease(debugMaterial);
         qzSafeRelease(debugObject);
     }
@@ -111,8 +113,18 @@ void ZuBackGroundNode::listenData(ZuObject* source) {
     int w = bgTexture->getWidth(), h = bgTexture->getHeight();
     int format = camera->getImageFormate();
     unsigned char* p = camera->getImageData();
-    if (!p || camera->getImageWidth() != w || camera->getImageHeight() != h) return;
-    if (camera->getImageSize() < cameraFrameSize(format, w, h)) return;
+    if (!p) return;
+    if (camera->getImageWidth() != w || camera->getImageHeight() != h) {
+        refuseFrame("size", "background %s is %d x %d; a %d x %d frame is refused", m_name.c_str(), w, h,
+                    camera->getImageWidth(), camera->getImageHeight());
+        return;
+    }
+    if (camera->getImageSize() < cameraFrameSize(format, w, h)) {
+        refuseFrame("length", "background %s: a frame of %d bytes is short of the %d that %d x %d in camera format %d needs",
+                    m_name.c_str(), camera->getImageSize(), cameraFrameSize(format, w, h), w, h, format);
+        return;
+    }
+    lastRefusal = nullptr;
     int y = w * h;
     int q = static_cast<int>(w * h * 0.25);
     int o = w * h / 4;
@@ -154,6 +166,21 @@ void ZuBackGroundNode::listenData(ZuObject* source) {
         material->AsynloadShader(app, format == CIF_NV12 ? "yuv2rgb12" : "yuv2rgb21");
         break;
     }
-    default: break;
+    default:
+        refuseFrame("format", "background %s: camera format %d has no conversion; frame refused", m_name.c_str(),
+                    format);
+        break;
     }
+}
+
+// Logs once per kind of refusal in a row, not once a frame.
+void ZuBackGroundNode::refuseFrame(const char* kind, const char* format, ...) {
+    if (lastRefusal == kind) return;
+    lastRefusal = kind;
+    char message[256];
+    va_list args;
+    va_start(args, format);
+    vsnprintf(message, sizeof message, format, args);
+    va_end(args);
+    QZLOGW("%s", message);
 }

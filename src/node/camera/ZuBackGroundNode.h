@@ -33,6 +33,13 @@ protected:
     // Points mesh and material of object at the background image, turned by
     // the scene camera's angle.
     void placeImage(ZuRenderObject* object, ZuMaterial* material);
+    // A camera frame this node cannot take: logged when the kind of refusal
+    // changes, so a host that keeps sending the wrong frames is told once.
+    void refuseFrame(const char* kind, const char* format, ...)
+#if defined(__GNUC__)
+        __attribute__((format(printf, 3, 4)))
+#endif
+        ;
 
     ZuDataGenerate* dataGen = nullptr;
     BGTexture* bgTexture = nullptr;
@@ -40,4 +47,5 @@ protected:
     bool debugOn = false;
     ZuRenderObject* debugObject = nullptr;
     ZuMaterial* debugMaterial = nullptr;
+    const char* lastRefusal = nullptr;
 };

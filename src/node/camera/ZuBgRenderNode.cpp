@@ -20,7 +20,6 @@ void ZuBgRenderNode::zuinit() {
 }
 
 void ZuBgRenderNode::zudestroy() {
-    if (material) material->destroy();
     qzSafeRelease(material);
     ZuNode::zudestroy();
 }

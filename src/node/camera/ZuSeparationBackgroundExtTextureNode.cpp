@@ -18,7 +18,6 @@ void ZuSeparationBackgroundExtTextureNode::zuinit() {
 
 void ZuSeparationBackgroundExtTextureNode::zudestroy() {
     mask.clear();
-    if (separationMaterial) separationMaterial->destroy();
     qzSafeRelease(separationMaterial);
     ZuBackGroundExtTextureNode::zudestroy();
 }

@@ -34,7 +34,6 @@ void ZuFaceDebugNode::zuinit() {
 }
 
 void ZuFaceDebugNode::zudestroy() {
-    if (material) material->destroy();
     qzSafeRelease(material);
     qzSafeRelease(mesh);
     ZuNode::zudestroy();

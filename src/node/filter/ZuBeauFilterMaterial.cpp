@@ -8,25 +8,19 @@
 ZuBeauFilterMaterial::ZuBeauFilterMaterial(ZuAppMain* app, ZUBEAUFILTERTYPE type)
     : ZuGMaterial(app, ZuBeauFilterTable::lookOf(type) ? ZuBeauFilterTable::lookOf(type)->program : nullptr) {}
 
+ZuBeauFilterMaterial::~ZuBeauFilterMaterial() {
+    qzSafeRelease(tex4);
+    qzSafeRelease(tex5);
+}
+
 void ZuBeauFilterMaterial::destroy() {
     qzSafeRelease(tex4);
     qzSafeRelease(tex5);
     ZuGMaterial::destroy();
 }
 
-namespace {
-
-void replaceRetained(ZuTexture*& slot, ZuTexture* texture) {
-    if (slot == texture) return;
-    if (texture) texture->retain();
-    qzSafeRelease(slot);
-    slot = texture;
-}
-
-} // namespace
-
-void ZuBeauFilterMaterial::setTexture4(ZuTexture* texture) { replaceRetained(tex4, texture); }
-void ZuBeauFilterMaterial::setTexture5(ZuTexture* texture) { replaceRetained(tex5, texture); }
+void ZuBeauFilterMaterial::setTexture4(ZuTexture* texture) { qzAssignRetained(tex4, texture); }
+void ZuBeauFilterMaterial::setTexture5(ZuTexture* texture) { qzAssignRetained(tex5, texture); }
 
 bool ZuBeauFilterMaterial::resolveExtra(ZuTexture* texture, unsigned& id) {
     if (!texture) return true;

@@ -11,6 +11,7 @@ class ZuBeauFilterMaterial : public ZuGMaterial {
 public:
     ZuBeauFilterMaterial(ZuAppMain* app, ZUBEAUFILTERTYPE type);
 
+    ~ZuBeauFilterMaterial() override;
     void destroy() override;
     bool refreshMaterial() override;
 

@@ -20,7 +20,6 @@ void ZuBeauFilterNode::zudestroy() {
 
 void ZuBeauFilterNode::releaseLook() {
     for (ZuTexture*& texture : filterTex) qzSafeRelease(texture);
-    if (material) material->destroy();
     qzSafeRelease(material);
 }
 

@@ -79,7 +79,6 @@ void ZuFilterNode::releaseOwned() {
     qzSafeRelease(brightnessTex);
     qzSafeRelease(contrastTex);
     qzSafeRelease(hsvTex);
-    if (material) material->destroy();
     qzSafeRelease(material);
 }
 

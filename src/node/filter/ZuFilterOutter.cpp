@@ -32,7 +32,6 @@ void ZuFilterOutter::zudestroy() {
 
 void ZuFilterOutter::releaseOwned() {
     qzSafeRelease(swapObject);
-    if (material) material->destroy();
     qzSafeRelease(material);
 }
 

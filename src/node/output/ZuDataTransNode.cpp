@@ -25,7 +25,6 @@
 namespace {
 
 void dropMaterial(ZuMaterial*& material) {
-    if (material) material->destroy();
     qzSafeRelease(material);
 }
 

@@ -59,7 +59,6 @@ void ZuIconNode::setIconSize(int width, int height) {
     }
     iconWidth = width;
     iconHeight = height;
-    if (material) material->destroy();
     qzSafeRelease(material);
     material = new ZuMaterial(app, "screennor");
     material->setTexcoordFlip(1.0f, 1.0f);

@@ -31,7 +31,6 @@ void ZuInputFboRenderNode::zuinit() {
 void ZuInputFboRenderNode::zudestroy() {
     qzSafeRelease(beginObject);
     qzSafeRelease(endObject);
-    if (material) material->destroy();
     qzSafeRelease(material);
     qzSafeRelease(fbo);
     ZuNode::zudestroy();

@@ -1,5 +1,7 @@
 #include "render/fbo/ZuFboObject.h"
 
+#include "basesys/ZuLiveObjects.h"
+
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
@@ -11,12 +13,14 @@
 #include <GLES3/gl3.h>
 #include <cstring>
 
-ZuFboObject::ZuFboObject(ZuAppMain* app) : ZuGBase(app) {}
+ZuFboObject::ZuFboObject(ZuAppMain* app)
+    : ZuGBase(app), live(ZuLiveObjects::enter(app, ZuLiveObjects::Kind::Framebuffer)) {}
 
 ZuFboObject::~ZuFboObject() {
     // Harmless after an earlier clear: every name is 0 by then.
     disableFbo();
     prevFbo = nullptr;
+    ZuLiveObjects::leave(live, ZuLiveObjects::Kind::Framebuffer);
 }
 
 bool ZuFboObject::isGles3(ZuAppMain* app) {

@@ -65,6 +65,7 @@ public:
     static unsigned int depthStencilFormat();
 
 protected:
+    class ZuLiveObjects* live = nullptr;
     void setFirstFboId();
     unsigned int firstFboId() const;
     // The steps of resetFboWidth; texId < 0 makes an own colour texture,

@@ -6,7 +6,7 @@
 // in init() from the shader table.
 class ZuGMaterial : public ZuMaterial {
 public:
-    explicit ZuGMaterial(ZuAppMain* app) : app(app) {}
+    explicit ZuGMaterial(ZuAppMain* app) : ZuMaterial(app), app(app) {}
     ZuGMaterial(ZuAppMain* app, const char* key) : ZuMaterial(app, key), app(app) {}
 
     ZuAppMain* getApp() const { return app; }

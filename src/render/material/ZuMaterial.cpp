@@ -1,5 +1,8 @@
 #include "render/material/ZuMaterial.h"
 
+#include "basesys/ZuCheck.h"
+#include "basesys/ZuLiveObjects.h"
+
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "render/fbo/ZuFboObject.h"
@@ -28,14 +31,6 @@ void uploadVec3(unsigned program, const char* name, const float* value) {
     if (location >= 0) glUniform3fv(location, 1, value);
 }
 
-template <typename T>
-void assignRetained(T*& slot, T* value) {
-    if (slot == value) return;
-    if (value) value->retain();
-    if (slot) slot->release();
-    slot = value;
-}
-
 } // namespace
 
 ZuMaterial::ZuMaterial() {
@@ -43,18 +38,28 @@ ZuMaterial::ZuMaterial() {
     program = 0;
 }
 
-ZuMaterial::ZuMaterial(ZuAppMain* app, const char* key) {
+ZuMaterial::ZuMaterial(ZuAppMain* app) : live(ZuLiveObjects::enter(app, ZuLiveObjects::Kind::Material)) {
+    reset();
+    program = 0;
+}
+
+ZuMaterial::ZuMaterial(ZuAppMain* app, const char* key) : live(ZuLiveObjects::enter(app, ZuLiveObjects::Kind::Material)) {
     reset();
     AsynloadShader(app, key);
 }
 
-ZuMaterial::~ZuMaterial() = default;
+ZuMaterial::~ZuMaterial() {
+    releaseSlots();
+    ZuLiveObjects::leave(live, ZuLiveObjects::Kind::Material);
+}
 
 void ZuMaterial::init() { reset(); }
 
-void ZuMaterial::destroy() {
-    for (int i = 0; i < kSlots; i++) assignRetained(texture[i], static_cast<ZuTexture*>(nullptr));
-    for (int i = 0; i < kSlots; i++) assignRetained(fbo[i], static_cast<ZuFboObject*>(nullptr));
+void ZuMaterial::destroy() { releaseSlots(); }
+
+void ZuMaterial::releaseSlots() {
+    for (int i = 0; i < kSlots; i++) qzAssignRetained(texture[i], static_cast<ZuTexture*>(nullptr));
+    for (int i = 0; i < kSlots; i++) qzAssignRetained(fbo[i], static_cast<ZuFboObject*>(nullptr));
 }
 
 void ZuMaterial::reset() {
@@ -122,8 +127,8 @@ ZuTexture* ZuMaterial::getTexture(int slot) const {
 }
 
 void ZuMaterial::setTextureIndex(int slot, ZuTexture* value) {
-    if (slot < 0 || slot >= kSlots) return;
-    assignRetained(texture[slot], value);
+    QZ_REQUIRE(slot >= 0 && slot < kSlots, "texture slot %d of 0..%d", slot, kSlots - 1);
+    qzAssignRetained(texture[slot], value);
 }
 
 ZuFboObject* ZuMaterial::getTextureFBO(int slot) const {
@@ -131,8 +136,8 @@ ZuFboObject* ZuMaterial::getTextureFBO(int slot) const {
 }
 
 void ZuMaterial::setTextureFBOIndex(int slot, ZuFboObject* value, bool mainTex) {
-    if (slot < 0 || slot >= kSlots) return;
-    assignRetained(fbo[slot], value);
+    QZ_REQUIRE(slot >= 0 && slot < kSlots, "framebuffer slot %d of 0..%d", slot, kSlots - 1);
+    qzAssignRetained(fbo[slot], value);
     useMainTex[slot] = mainTex;
 }
 

@@ -36,11 +36,14 @@ public:
     ZuMaterial();
     // reset(), then AsynloadShader(app, key).
     ZuMaterial(ZuAppMain* app, const char* key);
-    // Does not drop the slots: owners call destroy() before their release.
+    // reset() and no program yet; counted among the engine's live materials.
+    explicit ZuMaterial(ZuAppMain* app);
+    // Releases the texture and framebuffer slots.
     ~ZuMaterial() override;
 
     virtual void init();
-    // Releases the texture and framebuffer slots (textures first).
+    // Releases the texture and framebuffer slots (textures first) before the
+    // material goes; the destructor does the same, so owners only release.
     virtual void destroy();
     // Every field back to its default; the program and slots stay.
     virtual void reset();
@@ -106,6 +109,8 @@ public:
     bool getDepthTest() const { return depthTest; }
 
 protected:
+    // The slots' references, dropped by destroy and by the destructor.
+    void releaseSlots();
     // Applies step 3 of the refresh: shared uniforms at their cached locations.
     void uploadSharedUniforms();
     // Resolves the slots' GL names; false when a texture is still loading.
@@ -114,6 +119,7 @@ protected:
     void applyRasterState();
     void uploadLights();
 
+    class ZuLiveObjects* live = nullptr;
     unsigned program = 0;
     bool useMainTex[kSlots];
     bool blendEnable;

@@ -1,5 +1,7 @@
 #include "render/texture/ZuTexture.h"
 
+#include "basesys/ZuLiveObjects.h"
+
 #include "basesys/DataChunk.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
@@ -25,6 +27,7 @@ ZuTexture::ZuTexture(ZuAppMain* app)
     : type(GL_TEXTURE_2D), informate(GL_RGBA), dataformate(GL_RGBA), app(app) {
     lock.create();
     if (NodeIDPoolMgr* pool = idPool(app)) uid = pool->applyUID();
+    live = ZuLiveObjects::enter(app, ZuLiveObjects::Kind::Texture);
 }
 
 ZuTexture::~ZuTexture() {
@@ -32,6 +35,7 @@ ZuTexture::~ZuTexture() {
     id = -1;
     qzSafeRelease(pbo0);
     qzSafeRelease(pbo1);
+    ZuLiveObjects::leave(live, ZuLiveObjects::Kind::Texture);
     delete data;
     data = nullptr;
     if (uid >= 0) {

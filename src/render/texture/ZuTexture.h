@@ -67,6 +67,7 @@ public:
     void setIdleMark(bool value) { idleMark = value; }
 
 protected:
+    class ZuLiveObjects* live = nullptr;
     // Bytes the image needs in dataformate; 0 for an unknown format.
     int imageBytes() const;
     // Uploads data into id (whole image); caller holds lock. False when the

@@ -59,7 +59,6 @@ public:
     }
     void zudestroy() override {
         for (int i = 0; i < 4; ++i) {
-            if (materials[i]) materials[i]->destroy();
             qzSafeRelease(materials[i]);
             qzSafeRelease(objects[i]);
         }

@@ -112,7 +112,6 @@ TEST_F(MaterialTest, ProgramAndTexturesGateTheDraw) {
     EXPECT_EQ(at(32, 32), rgba(0, 255, 0, 255));
     EXPECT_NE(material->getTexId(3), 0u);
 
-    material->destroy();
     loading->release();
     material->release();
 }
@@ -146,13 +145,11 @@ TEST_F(MaterialTest, FramebufferSourcesHideTexturesAndEmptySlotsKeepTheirName) {
     EXPECT_TRUE(draw(material));
     EXPECT_EQ(material->getTexId(0), fboName);
     EXPECT_EQ(at(10, 10), rgba(0, 0, 255, 255));
-
-    material->destroy();
     material->release();
     loading->release();
 }
 
-TEST_F(MaterialTest, SlotsHoldAReferenceUntilDestroy) {
+TEST_F(MaterialTest, SlotsHoldAReferenceUntilDestroyOrTheMaterialGoes) {
     ZuTexture* texture = new ZuTexture2D(app);
     ZuFboObject* fbo = app->getGlobalMgr()->getFboMgr()->createFboTexture("held_fbo", 2, 2, false);
     uint32_t fboBase = fbo->count();
@@ -170,9 +167,10 @@ TEST_F(MaterialTest, SlotsHoldAReferenceUntilDestroy) {
     EXPECT_EQ(fbo->count(), fboBase);
     EXPECT_EQ(material->getTexture(2), nullptr);
     material->setTexture0(texture);
-    material->release();  // the destructor leaves the slots alone: destroy() is the owner's job
-    EXPECT_EQ(texture->count(), 2u);
-    texture->release();
+    material->setTexture3FBO(fbo, false);
+    material->release();  // the destructor drops the slots: owners only release
+    EXPECT_EQ(texture->count(), 1u);
+    EXPECT_EQ(fbo->count(), fboBase);
     texture->release();
 }
 
@@ -222,10 +220,7 @@ TEST_F(MaterialTest, RefreshSetsEveryRasterStateItOwns) {
     GLfloat width = 0;
     glGetFloatv(GL_LINE_WIDTH, &width);
     EXPECT_GT(width, 0.0f);
-
-    plain->destroy();
     plain->release();
-    material->destroy();
     material->release();
 }
 
@@ -241,7 +236,6 @@ TEST_F(MaterialTest, PremultipliedBlendComposesOverThePicture) {
     EXPECT_NEAR(p[0], 128, 1);
     EXPECT_EQ(p[1], 0);
     EXPECT_NEAR(p[2], 127, 1);
-    material->destroy();
     material->release();
 }
 
@@ -272,10 +266,7 @@ TEST_F(MaterialTest, MatricesAndTexcoordFlipReachTheShader) {
     ASSERT_TRUE(draw(screen));
     EXPECT_EQ(at(4, 32), rgba(255, 0, 0, 255));
     EXPECT_EQ(at(60, 32), rgba(0, 255, 0, 255));
-
-    screen->destroy();
     screen->release();
-    material->destroy();
     material->release();
 }
 
@@ -312,7 +303,6 @@ TEST_F(MaterialTest, ColourMaterialsDrawTheirColourWithEachProgram) {
     EXPECT_EQ(at(32, 32), rgba(0, 255, 0, 255));
 
     for (ZuMaterialColorSelect2d* m : all) {
-        m->destroy();
         m->release();
     }
 }
@@ -352,12 +342,8 @@ TEST_F(MaterialTest, ScreenAndScrollingMaterials) {
     ASSERT_TRUE(draw(down));
     EXPECT_EQ(at(32, 8), rgba(0, 0, 255, 255));
     EXPECT_EQ(at(32, 56), rgba(255, 0, 0, 255));
-
-    down->destroy();
     down->release();
-    scroll->destroy();
     scroll->release();
-    screen->destroy();
     screen->release();
 }
 
