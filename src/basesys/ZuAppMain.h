@@ -12,13 +12,16 @@ class ZuGlobalMgr;
 class ZuGlobalParam;
 class ZuLiveObjects;
 
-// Engine states.
-typedef uint32_t ZU_ENG_STATE;
-enum : uint32_t {
-    ZU_ENG_STATE_STOPPED = 0,  // managers are not built
-    ZU_ENG_STATE_RUNNING = 1,  // frames and operations are served
-    ZU_ENG_STATE_STOPPING = 2, // no new work is taken; managers still exist
+// Engine states. Scoped, so that a stray integer cannot pass for one; the
+// ZU_ENG_STATE_ names are the values under their usual spelling.
+enum class ZU_ENG_STATE : uint32_t {
+    STOPPED = 0,  // managers are not built
+    RUNNING = 1,  // frames and operations are served
+    STOPPING = 2, // no new work is taken; managers still exist
 };
+constexpr ZU_ENG_STATE ZU_ENG_STATE_STOPPED = ZU_ENG_STATE::STOPPED;
+constexpr ZU_ENG_STATE ZU_ENG_STATE_RUNNING = ZU_ENG_STATE::RUNNING;
+constexpr ZU_ENG_STATE ZU_ENG_STATE_STOPPING = ZU_ENG_STATE::STOPPING;
 
 // One running engine. A host constructs it, calls init, adds search paths,
 // calls initZuBase with its GL context current, then once a frame update and
