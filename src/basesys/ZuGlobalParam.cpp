@@ -5,7 +5,7 @@ void ZuGlobalParam::setBgTexture(const char* sceneName, BGTexture* texture) {
 }
 
 BGTexture* ZuGlobalParam::getBgTexture(const char* sceneName) {
-    auto* node = m_bgTextures.find(qz::string(sceneName));
+    auto* node = m_bgTextures.find(sceneName ? sceneName : "");
     return node ? node->getValue() : nullptr;
 }
 

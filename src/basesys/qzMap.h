@@ -235,6 +235,18 @@ public:
         return nullptr;
     }
 
+    // Looks a key up by any type that compares with K both ways (a C string
+    // for a qz::string key), so a lookup builds no temporary key.
+    template <typename Q>
+    RBTree* find(const Q& key) const {
+        RBTree* n = root;
+        while (n) {
+            if (key == n->key) return n;
+            n = key < n->key ? n->left : n->right;
+        }
+        return nullptr;
+    }
+
     bool remove(const K& key) { return remove(find(key)); }
 
     // Node must belong to this map.

@@ -178,6 +178,11 @@ bool string::operator==(const char* source) const {
     return !text[i] && !source[i] && i + 1 == used;
 }
 
+bool operator<(const char* text, const string& str) {
+    // strcmp compares as unsigned bytes, as the member operator does.
+    return std::strcmp(text ? text : "", str.c_str()) < 0;
+}
+
 bool string::operator<(const string& other) const {
     const uint32_t n = used < other.used ? used : other.used;
     // memcmp compares as unsigned bytes; the terminator takes part, so a

@@ -86,5 +86,7 @@ private:
 string operator+(const char* text, const string& str);
 inline bool operator==(const char* text, const string& str) { return str == text; }
 inline bool operator!=(const char* text, const string& str) { return !(str == text); }
+// The order of string::operator< for a C string on the left.
+bool operator<(const char* text, const string& str);
 
 }  // namespace qz

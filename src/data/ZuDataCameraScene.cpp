@@ -10,11 +10,11 @@ ZuDataCameraScene::~ZuDataCameraScene() {
 }
 
 ZuDataGenCamera* ZuDataCameraScene::getDataGenCamera(const char* sceneName) {
-    qz::string name(sceneName ? sceneName : "");
+    const char* name = sceneName ? sceneName : "";
     ZuLockGuard hold(m_lock);
     if (auto* node = m_cameras.find(name)) return node->getValue();
     auto* camera = new ZuDataGenCamera(); // the map keeps the creator's reference
-    m_cameras.insert(name, camera);
+    m_cameras.insert(qz::string(name), camera);
     return camera;
 }
 

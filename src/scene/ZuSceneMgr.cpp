@@ -55,7 +55,7 @@ ZuScene* ZuSceneMgr::createOutTexScene(const char* name, int winWidth, int winHe
 
 bool ZuSceneMgr::destroyScene(const char* name) {
     if (!name) return false;
-    auto* entry = scenes.find(qz::string(name));
+    auto* entry = scenes.find(name);
     if (!entry) return false;
     ZuScene* scene = entry->getValue();
     scenes.remove(entry);
@@ -73,7 +73,7 @@ bool ZuSceneMgr::destroyScene(const char* name) {
 
 ZuScene* ZuSceneMgr::getScene(const char* name) const {
     if (!name) return nullptr;
-    auto* entry = scenes.find(qz::string(name));
+    auto* entry = scenes.find(name);
     return entry ? entry->getValue() : nullptr;
 }
 

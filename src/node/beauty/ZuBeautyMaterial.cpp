@@ -18,11 +18,11 @@ void ZuBeautyMaterial::_refreshInner() {
     char name[16];
     for (int i = 0; i < kUsed; ++i) {
         snprintf(name, sizeof name, "location%d", i);
-        int location = glGetUniformLocation(program, name);
+        int location = uniformLocation(name);
         if (location >= 0) glUniform2fv(location, 1, locations[i]);
     }
-    int location = glGetUniformLocation(program, "eyelarge");
+    int location = uniformLocation("eyelarge");
     if (location >= 0) glUniform2fv(location, 1, eyeLarge);
-    location = glGetUniformLocation(program, "faceslim");
+    location = uniformLocation("faceslim");
     if (location >= 0) glUniform4f(location, faceSlim, chinSlim, chinUpSlim, chinMiddleSlim);
 }

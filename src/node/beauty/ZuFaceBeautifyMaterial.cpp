@@ -154,21 +154,21 @@ bool ZuFaceBeautifyMaterial::_getCurve(uint8_t out[kLevels * 3], const int mean[
 }
 
 void ZuFaceBeautifyMaterial::_refreshInner() {
-    int location = glGetUniformLocation(program, "imageSize");
+    int location = uniformLocation("imageSize");
     if (location >= 0) glUniform2f(location, width, height);
-    location = glGetUniformLocation(program, "softenStrength");
+    location = uniformLocation("softenStrength");
     if (location >= 0) glUniform1f(location, std::min(smooth, 1.0f));
-    location = glGetUniformLocation(program, "width");
+    location = uniformLocation("width");
     if (location >= 0) glUniform1f(location, width);
-    location = glGetUniformLocation(program, "height");
+    location = uniformLocation("height");
     if (location >= 0) glUniform1f(location, height);
-    location = glGetUniformLocation(program, "m_meanRGB");
+    location = uniformLocation("m_meanRGB");
     if (location >= 0)
         glUniform3f(location, meanRGB[0] / 255.0f, meanRGB[1] / 255.0f, meanRGB[2] / 255.0f);
     char name[16];
     for (int i = 0; i < kOffsets; ++i) {
         snprintf(name, sizeof name, "location%d", i + 1);
-        location = glGetUniformLocation(program, name);
+        location = uniformLocation(name);
         if (location >= 0) glUniform2fv(location, 1, offsets[i]);
     }
 }

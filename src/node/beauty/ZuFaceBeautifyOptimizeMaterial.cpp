@@ -16,8 +16,8 @@ void ZuFaceBeautifyOptimizeMaterial::setWidthAndHeight(float newWidth, float new
 void ZuFaceBeautifyOptimizeMaterial::setSmooth(float v) { softenStrength = std::min(std::max(v, 0.0f), 1.0f); }
 
 void ZuFaceBeautifyOptimizeMaterial::_refreshInner() {
-    int location = glGetUniformLocation(program, "imageSize");
+    int location = uniformLocation("imageSize");
     if (location >= 0) glUniform2fv(location, 1, imageSize);
-    location = glGetUniformLocation(program, "softenStrength");
+    location = uniformLocation("softenStrength");
     if (location >= 0) glUniform1f(location, softenStrength);
 }

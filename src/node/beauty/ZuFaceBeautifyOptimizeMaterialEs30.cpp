@@ -31,7 +31,7 @@ void ZuFaceBeautifyOptimizeMaterialEs30::_refreshInner() {
     char name[16];
     for (int i = 0; i < kSamples; ++i) {
         snprintf(name, sizeof name, "location%d", i);
-        int location = glGetUniformLocation(program, name);
+        int location = uniformLocation(name);
         if (location >= 0) glUniform2fv(location, 1, samples[i]);
     }
 }

@@ -41,11 +41,11 @@ void ZuFaceBuffingWhiteMaterial::_refreshInner() {
     float step[2], values[4];
     stepOffset(step);
     params(values);
-    int location = glGetUniformLocation(program, "singleStepOffset");
+    int location = uniformLocation("singleStepOffset");
     if (location >= 0) glUniform2fv(location, 1, step);
-    location = glGetUniformLocation(program, "params");
+    location = uniformLocation("params");
     if (location >= 0) glUniform4fv(location, 1, values);
     // Only the soften program of quality 0 reads this; its strength stays unset.
-    location = glGetUniformLocation(program, "imageSize");
+    location = uniformLocation("imageSize");
     if (location >= 0) glUniform2f(location, width, height);
 }

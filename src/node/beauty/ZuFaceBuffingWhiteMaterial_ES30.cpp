@@ -29,11 +29,11 @@ void ZuFaceBuffingWhiteMaterial_ES30::updateFacePoint(ZuPersonTracker* tracker) 
 
 void ZuFaceBuffingWhiteMaterial_ES30::_refreshInner() {
     ZuFaceBuffingWhiteMaterial::_refreshInner();
-    glUniform1f(glGetUniformLocation(program, "faceKnown"), faceKnown ? 1.0f : 0.0f);
+    glUniform1f(uniformLocation("faceKnown"), faceKnown ? 1.0f : 0.0f);
     char name[16];
     for (int i = 0; i < kSamples; ++i) {
         snprintf(name, sizeof name, "location%d", i);
-        int location = glGetUniformLocation(program, name);
+        int location = uniformLocation(name);
         if (location >= 0) glUniform2fv(location, 1, samples[i]);
     }
 }

@@ -88,6 +88,9 @@ void BGTexture::createTexture(ZuAppMain* app, BGType newType, int uid, int newWi
         if (fbo) {
             fbo->retain();
             fbo->setClearColor(1, 0, 1, 0);
+            // The conversion tests no depth: a depth buffer here would only
+            // be cleared on every frame.
+            fbo->disableDepthBuffer();
         }
     }
 }

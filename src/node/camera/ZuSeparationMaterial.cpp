@@ -10,6 +10,6 @@ void ZuSeparationMaterial::setEdgeColor(float r, float g, float b, float a) {
 }
 
 void ZuSeparationMaterial::_refreshInner() {
-    int location = glGetUniformLocation(program, "edgecolor");
+    int location = uniformLocation("edgecolor");
     if (location >= 0) glUniform4fv(location, 1, edgeColor);
 }

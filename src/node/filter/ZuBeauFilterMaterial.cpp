@@ -39,7 +39,7 @@ bool ZuBeauFilterMaterial::refreshMaterial() {
         if (!ids[i]) continue;
         glActiveTexture(GL_TEXTURE4 + i);
         glBindTexture(GL_TEXTURE_2D, ids[i]);
-        glUniform1i(glGetUniformLocation(program, names[i]), 4 + i);
+        glUniform1i(uniformLocation(names[i]), 4 + i);
     }
     glActiveTexture(GL_TEXTURE0);
     return true;

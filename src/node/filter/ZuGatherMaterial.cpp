@@ -3,10 +3,10 @@
 #include <GLES2/gl2.h>
 
 void ZuGatherMaterial::_refreshInner() {
-    glUniform1f(glGetUniformLocation(program, "deltas"), deltas);
-    glUniform1f(glGetUniformLocation(program, "deltah"), deltah);
-    glUniform1i(glGetUniformLocation(program, "isHsv"), isHsv);
-    glUniform1i(glGetUniformLocation(program, "isContrast"), isContrast);
-    glUniform1i(glGetUniformLocation(program, "isBrightness"), isBrightness);
+    glUniform1f(uniformLocation("deltas"), deltas);
+    glUniform1f(uniformLocation("deltah"), deltah);
+    glUniform1i(uniformLocation("isHsv"), isHsv);
+    glUniform1i(uniformLocation("isContrast"), isContrast);
+    glUniform1i(uniformLocation("isBrightness"), isBrightness);
     ZuGMaterial::_refreshInner();
 }

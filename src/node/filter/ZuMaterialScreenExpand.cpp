@@ -17,6 +17,6 @@ void ZuMaterialScreenExpand::update(float ms) {
 
 void ZuMaterialScreenExpand::_refreshInner() {
     ZuGMaterial::_refreshInner();
-    glUniform1f(glGetUniformLocation(program, "u_expand"), expand);
-    glUniform1f(glGetUniformLocation(program, "u_maxsize"), maxSize);
+    glUniform1f(uniformLocation("u_expand"), expand);
+    glUniform1f(uniformLocation("u_maxsize"), maxSize);
 }

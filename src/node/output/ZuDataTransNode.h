@@ -4,6 +4,7 @@
 #include "scene/ZuNode.h"
 
 class ZuDataSwap;
+class ZuFboBeginNoclearRenderObject;
 class ZuFboBeginRenderObject;
 class ZuFboEndRenderObject;
 class ZuFboObject;
@@ -11,11 +12,18 @@ class ZuFboSwapRenderObject;
 class ZuMaterial;
 class ZuReadPixelRenderObject;
 class ZuRenderObject;
+class ZuRowsRenderObject;
 
 // Hands the finished scene to the host as a CPU buffer (stream 25): copies
 // it into an own target in the camera's orientation, converts it there to
 // the output format, and reads it back into a data swap. Format and size are
 // fixed by the first setOutFormate; a new format needs a new node.
+//
+// Each frame takes the shortest road to the same bytes. RGBA and BGRA need
+// one draw, orienting and converting at once; RGBA that needs no turn, no
+// flip and no scaling is read straight from the scene target. The planar
+// formats convert in one draw from the scene target when it needs no
+// orienting, and shade only the rows that are read.
 class ZuDataTransNode : public ZuNode {
 public:
     explicit ZuDataTransNode(ZuAppMain* app);
@@ -45,10 +53,17 @@ public:
     ZuMaterial* getConvertMaterial() const { return convertMaterial; }
 
 private:
+    // The roads of render(), chosen in update.
+    enum class Road { OrientThenConvert, ConvertScene, OneDraw, ReadScene };
+    Road chooseRoad(ZuFboObject* sceneFbo, bool unturned) const;
+
     ZuFboBeginRenderObject* fboBegin = nullptr;
     ZuRenderObject* copyObject = nullptr;
     ZuFboSwapRenderObject* swapObject = nullptr;
-    ZuRenderObject* convertObject = nullptr;
+    ZuRowsRenderObject* convertObject = nullptr;
+    ZuFboBeginNoclearRenderObject* sceneBegin = nullptr;
+    ZuFboEndRenderObject* sceneEnd = nullptr;
+    Road road = Road::OrientThenConvert;
     ZuReadPixelRenderObject* readObject = nullptr;
     ZuFboEndRenderObject* fboEnd = nullptr;
     ZuRenderObject* debugObject = nullptr;

@@ -44,6 +44,9 @@ ZuFboObject* ZuOutputPath::claimTarget(ZuAppMain* app, int uid, int width, int h
     if (!target) return nullptr;
     target->enableSwapBuffer();
     target->setClearColor(r, g, b, a);
+    // Output passes test no depth: a depth buffer would only be cleared on
+    // every bind and swap.
+    target->disableDepthBuffer();
     target->retain();
     return target;
 }

@@ -30,8 +30,8 @@ void ZuRGB2YUVMaterial::setTex(float w, float h) {
 }
 
 void ZuRGB2YUVMaterial::_refreshInner() {
-    int location = glGetUniformLocation(program, "width");
+    int location = uniformLocation("width");
     if (location >= 0) glUniform1f(location, static_cast<float>(texWidth));
-    location = glGetUniformLocation(program, "height");
+    location = uniformLocation("height");
     if (location >= 0) glUniform1f(location, static_cast<float>(texHeight));
 }

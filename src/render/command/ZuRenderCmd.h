@@ -1,23 +1,24 @@
 #pragma once
 
 #include "basesys/ZuRefObject.h"
-#include "basesys/qzString.h"
 
 class ZuRenderScene;
 
 // One recorded step of a frame, replayed once on the GL thread and then
 // released. Commands live at most one frame.
+//
+// The label is borrowed, not copied: recording runs for every draw of every
+// frame, so labels are string literals (or text that outlives the frame).
 class ZuRenderCmd : public ZuRefObject {
 public:
-    ZuRenderCmd() : name("ZuRenderCmd") {}
     virtual void render() {}
 
     void setName(const char* label) { name = label ? label : ""; }
-    const qz::string& getName() const { return name; }
+    const char* getName() const { return name; }
     void setScene(ZuRenderScene* owner) { scene = owner; }
     ZuRenderScene* getScene() const { return scene; }
 
 protected:
-    qz::string name;
+    const char* name = "ZuRenderCmd";
     ZuRenderScene* scene = nullptr;  // filled by ZuRenderScene::pushRenderCmd
 };

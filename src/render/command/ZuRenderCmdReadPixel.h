@@ -1,6 +1,5 @@
 #pragma once
 
-#include "basesys/qzString.h"
 #include "render/command/ZuRenderCmdNor.h"
 
 class ZuAppMain;
@@ -27,7 +26,9 @@ protected:
     bool readInto(int rows, bool partialRow);
 
     ZuAppMain* app;
-    qz::string sceneName;
+    // Borrowed from the read object that made the command, like the label:
+    // a read happens every frame and copies no text.
+    const char* sceneName;
     int format;
     int width;
     int height;

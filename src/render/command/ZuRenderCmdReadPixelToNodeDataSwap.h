@@ -12,5 +12,5 @@ public:
     void render() override;
 
 private:
-    qz::string nodeName;
+    const char* nodeName;  // borrowed, as the scene name
 };

@@ -45,7 +45,7 @@ void ZuRenderScene::pushRenderCmd(RENDERSTREAMTYPE stream, ZuRenderCmd* cmd) {
     if (!cmd) return;
     if (stream < 0 || stream >= RS_STREAM_COUNT) {
         QZLOGW("render scene %s: command \"%s\" for stream %d refused (streams are 0 to %d)", name.c_str(),
-               cmd->getName().c_str(), stream, RS_STREAM_COUNT - 1);
+               cmd->getName(), stream, RS_STREAM_COUNT - 1);
         cmd->release();
         return;
     }

@@ -8,7 +8,8 @@ void ZuRenderStream::replay() {
         cmds[i]->release();
         cmds[i] = nullptr;
     }
-    cmds.clear();
+    // Keeps the block: next frame records about as many commands again.
+    cmds.set_used(0);
 }
 
 void ZuRenderStream::clear() {

@@ -26,11 +26,6 @@ const char* const kLightColorNames[ZuMaterial::kSlots] = {"uLightColor", "uLight
 const char* const kLightDiffuseNames[ZuMaterial::kSlots] = {"uMatDiffuse", "uMatDiffuse1", "uMatDiffuse2",
                                                             "uMatDiffuse3"};
 
-void uploadVec3(unsigned program, const char* name, const float* value) {
-    int location = glGetUniformLocation(program, name);
-    if (location >= 0) glUniform3fv(location, 1, value);
-}
-
 } // namespace
 
 ZuMaterial::ZuMaterial() {
@@ -106,10 +101,15 @@ void ZuMaterial::AsynloadShader(ZuAppMain* app, const char* key) {
     if (!app) return;
     ZuGlobalMgr* globalMgr = app->getGlobalMgr();
     ZuShaderMgr* shaderMgr = globalMgr ? globalMgr->getShaderMgr() : nullptr;
-    program = shaderMgr && key ? shaderMgr->getProgramme(key) : 0;
+    unsigned next = shaderMgr && key ? shaderMgr->getProgramme(key) : 0;
+    // Hosts switch to the program they already have on every frame: the
+    // locations found for it still hold.
+    if (next && next == program) return;
+    program = next;
+    cachedCount = 0;
     if (!program) {
         locM = locV = locP = locVP = locMVP = locClip = locPtSize = -1;
-        for (int i = 0; i < kSlots; i++) locTexSize[i] = -1;
+        for (int i = 0; i < kSlots; i++) locTexSize[i] = locTex[i] = -1;
         return;
     }
     locM = glGetUniformLocation(program, "aMatrixM");
@@ -118,8 +118,31 @@ void ZuMaterial::AsynloadShader(ZuAppMain* app, const char* key) {
     locVP = glGetUniformLocation(program, "aMatrixVP");
     locMVP = glGetUniformLocation(program, "aMatrixMVP");
     locClip = glGetUniformLocation(program, "texcoordClip");
-    for (int i = 0; i < kSlots; i++) locTexSize[i] = glGetUniformLocation(program, kTexSizeNames[i]);
+    for (int i = 0; i < kSlots; i++) {
+        locTexSize[i] = glGetUniformLocation(program, kTexSizeNames[i]);
+        locTex[i] = glGetUniformLocation(program, kSamplerNames[i]);
+    }
     locPtSize = glGetUniformLocation(program, "ptsize");
+}
+
+int ZuMaterial::uniformLocation(const char* name) {
+    if (!program || !name) return -1;
+    for (int i = 0; i < cachedCount; i++)
+        if (std::strcmp(cachedUniforms[i].name, name) == 0) return cachedUniforms[i].location;
+    int location = glGetUniformLocation(program, name);
+    size_t length = std::strlen(name);
+    // A full table or a long name still works, looked up on every draw.
+    if (cachedCount < kCachedUniforms && length < sizeof cachedUniforms[0].name) {
+        std::memcpy(cachedUniforms[cachedCount].name, name, length + 1);
+        cachedUniforms[cachedCount].location = location;
+        cachedCount++;
+    }
+    return location;
+}
+
+void ZuMaterial::uploadVec3(const char* name, const float* value) {
+    int location = uniformLocation(name);
+    if (location >= 0) glUniform3fv(location, 1, value);
 }
 
 ZuTexture* ZuMaterial::getTexture(int slot) const {
@@ -230,7 +253,6 @@ void ZuMaterial::bindTextures() {
         if (!texId[i]) continue;
         glActiveTexture(GL_TEXTURE0 + i);
         glBindTexture(GL_TEXTURE_2D, texId[i]);
-        locTex[i] = glGetUniformLocation(program, kSamplerNames[i]);
         if (locTex[i] >= 0) glUniform1i(locTex[i], i);
     }
     glActiveTexture(GL_TEXTURE0);
@@ -274,12 +296,12 @@ void ZuMaterial::applyRasterState() {
 void ZuMaterial::uploadLights() {
     for (int i = 0; i < kSlots; i++) {
         if (!light[i].enable) continue;
-        uploadVec3(program, kLightDirNames[i], light[i].dir);
-        uploadVec3(program, kLightColorNames[i], light[i].color);
-        uploadVec3(program, kLightDiffuseNames[i], light[i].diffuse);
+        uploadVec3(kLightDirNames[i], light[i].dir);
+        uploadVec3(kLightColorNames[i], light[i].color);
+        uploadVec3(kLightDiffuseNames[i], light[i].diffuse);
     }
     if (ambient.enable) {
-        uploadVec3(program, "uAmbientLightColor", ambient.color);
-        uploadVec3(program, "uAmbientLightStrength", ambient.strength);
+        uploadVec3("uAmbientLightColor", ambient.color);
+        uploadVec3("uAmbientLightStrength", ambient.strength);
     }
 }

@@ -54,7 +54,8 @@ public:
     virtual void _refreshInner();
 
     // Takes the program of key now (GL thread) and caches the shared uniform
-    // locations. Calling again switches program. A null app does nothing.
+    // locations. Calling again switches program; the program already held
+    // keeps its locations. A null app does nothing.
     void AsynloadShader(ZuAppMain* app, const char* key);
 
     void setTexture0(ZuTexture* texture) { setTextureIndex(0, texture); }
@@ -111,6 +112,10 @@ public:
 protected:
     // The slots' references, dropped by destroy and by the destructor.
     void releaseSlots();
+    // The location of a uniform of the current program, looked up in GL once
+    // per program and then kept: refreshes run for every draw of every frame.
+    int uniformLocation(const char* name);
+    void uploadVec3(const char* name, const float* value);
     // Applies step 3 of the refresh: shared uniforms at their cached locations.
     void uploadSharedUniforms();
     // Resolves the slots' GL names; false when a texture is still loading.
@@ -145,4 +150,13 @@ protected:
     int locTex[kSlots] = {-1, -1, -1, -1};
     int locClip = -1, locPtSize = -1;
     int locTexSize[kSlots] = {-1, -1, -1, -1};
+
+private:
+    struct CachedUniform {
+        char name[24];
+        int location;
+    };
+    static const int kCachedUniforms = 24;
+    CachedUniform cachedUniforms[kCachedUniforms];
+    int cachedCount = 0;
 };

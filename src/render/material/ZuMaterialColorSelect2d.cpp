@@ -12,6 +12,6 @@ void ZuMaterialColorSelect2d::init() {
 }
 
 void ZuMaterialColorSelect2d::_refreshInner() {
-    int location = glGetUniformLocation(program, "u_color");
+    int location = uniformLocation("u_color");
     if (location >= 0) glUniform4f(location, color.r, color.g, color.b, color.a);
 }

@@ -40,6 +40,6 @@ void ZuTexAniMaterial::update(float dt) {
 }
 
 void ZuTexAniMaterial::_refreshInner() {
-    int location = glGetUniformLocation(program, "uOffset");
+    int location = uniformLocation("uOffset");
     if (location >= 0) glUniform2f(location, offsetX, offsetY);
 }

@@ -96,13 +96,16 @@ void ZuShaderMgr::clearAllShader() {
 
 unsigned ZuShaderMgr::getProgramme(const char* key) {
     if (!key) return 0;
-    return getProgramme(qz::string(key));
+    auto* node = cells.find(key);
+    return node ? programOf(node->getValue()) : 0;
 }
 
 unsigned ZuShaderMgr::getProgramme(const qz::string& key) {
     auto* node = cells.find(key);
-    if (!node) return 0;
-    ShaderCell* cell = node->getValue();
+    return node ? programOf(node->getValue()) : 0;
+}
+
+unsigned ZuShaderMgr::programOf(ShaderCell* cell) {
     if (cell->programId == 0) {
         cell->vsId = loadShader(cell->name, cell->vsText, vertexShaders, GL_VERTEX_SHADER);
         cell->fsId = loadShader(cell->name, cell->fsText, fragmentShaders, GL_FRAGMENT_SHADER);
@@ -110,10 +113,10 @@ unsigned ZuShaderMgr::getProgramme(const qz::string& key) {
         // again; the stage that did compile stays cached.
         if (cell->vsId && cell->fsId) cell->programId = createProgram(cell->vsId, cell->fsId);
         if (cell->programId) {
-            QZLOGD("shader success: create program %s(%u) vs:(%u) fs:(%u) sucess\n", key.c_str(),
+            QZLOGD("shader success: create program %s(%u) vs:(%u) fs:(%u) sucess\n", cell->name.c_str(),
                    cell->programId, cell->vsId, cell->fsId);
         } else {
-            QZLOGE("shader error:create program %s !\n", key.c_str());
+            QZLOGE("shader error:create program %s !\n", cell->name.c_str());
         }
     }
     return cell->programId;

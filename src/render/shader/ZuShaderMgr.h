@@ -54,6 +54,9 @@ private:
     unsigned loadShaderFromCharStar(const char* text, const char* name, unsigned type);
     unsigned createProgram(unsigned vs, unsigned fs);
 
+    // Builds the cell's program on first use.
+    unsigned programOf(ShaderCell* cell);
+
     qz::map<qz::string, ShaderCell*> cells;
     qz::map<qz::string, unsigned> vertexShaders;
     qz::map<qz::string, unsigned> fragmentShaders;

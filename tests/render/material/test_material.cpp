@@ -12,6 +12,7 @@
 #include "render/material/ZuMaterialScreen.h"
 #include "render/mesh/ZuRenderData.h"
 #include "render/mesh/ZuRenderMesh.h"
+#include "render/shader/ZuShaderMgr.h"
 #include "render/material/ZuTexAniMaterial.h"
 #include "render/texture/ZuTexMgr.h"
 #include "render/texture/ZuTexture.h"
@@ -73,6 +74,15 @@ public:
     CountingMaterial(ZuAppMain* app, const char* key) : ZuMaterial(app, key) {}
     void _refreshInner() override { inner++; }
     int inner = 0;
+};
+
+// A material that sets one colour uniform by name, as subclasses do.
+class ColourUniformMaterial : public ZuMaterial {
+public:
+    ColourUniformMaterial(ZuAppMain* app, const char* key) : ZuMaterial(app, key) {}
+    void _refreshInner() override { glUniform4f(uniformLocation("u_colour"), r, g, 0.0f, 1.0f); }
+    int locationOf(const char* name) { return uniformLocation(name); }
+    float r = 0.0f, g = 0.0f;
 };
 
 } // namespace
@@ -369,4 +379,31 @@ TEST(MatSet, NamedMatricesFallBackToTheDefault) {
     EXPECT_EQ(set.getMatData("arm")[12], 0.0f);
     EXPECT_TRUE(set.getVisible("arm"));
     EXPECT_EQ(set.getMatData(nullptr)[0], 2.0f);
+}
+
+TEST_F(MaterialTest, UniformLocationsFollowTheProgramTheyWereFoundIn) {
+    ZuShaderMgr* shaders = app->getGlobalMgr()->getShaderMgr();
+    const char* vertex = "attribute vec4 aPosition;\nvoid main() { gl_Position = aPosition; }\n";
+    // The colour sits at another location in each program.
+    ASSERT_TRUE(shaders->addShaderCell("uniformsFirst", vertex,
+                                       "precision mediump float;\nuniform vec4 u_bias;\nuniform vec4 u_colour;\n"
+                                       "void main() { gl_FragColor = u_colour + u_bias; }\n"));
+    ASSERT_TRUE(shaders->addShaderCell("uniformsSecond", vertex,
+                                       "precision mediump float;\nuniform vec4 u_colour;\n"
+                                       "void main() { gl_FragColor = u_colour; }\n"));
+    ColourUniformMaterial* material = new ColourUniformMaterial(app, "uniformsFirst");
+    material->r = 1.0f;
+    ASSERT_TRUE(draw(material));
+    EXPECT_EQ(at(32, 32), rgba(255, 0, 0, 255));
+    EXPECT_EQ(material->locationOf("u_colour"), glGetUniformLocation(material->getProgram(), "u_colour"));
+
+    material->AsynloadShader(app, "uniformsSecond");
+    material->r = 0.0f;
+    material->g = 1.0f;
+    ASSERT_TRUE(draw(material));
+    EXPECT_EQ(at(32, 32), rgba(0, 255, 0, 255));
+    EXPECT_EQ(material->locationOf("u_colour"), glGetUniformLocation(material->getProgram(), "u_colour"));
+    EXPECT_EQ(material->locationOf("u_bias"), -1);
+    EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+    material->release();
 }
