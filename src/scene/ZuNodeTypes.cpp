@@ -22,6 +22,7 @@
 #include "node/output/ZuInputFboRenderNode.h"
 #include "node/camera/ZuSeparationBackgroundExtTextureNode.h"
 #include "node/camera/ZuSeparationBackgroundNode.h"
+#include "logicsys/Animate2D/ZuAniFrameNode.h"
 #include "node/sound/ZuSoundNode.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuScene.h"
@@ -42,6 +43,7 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuDataOutputScaleTexNode", zuCreateNodeOfType<ZuDataOutputScaleTexNode>);
     creator->registCreateFunc("ZuIconNode", zuCreateNodeOfType<ZuIconNode>);
     creator->registCreateFunc("ZuSoundNode", zuCreateNodeOfType<ZuSoundNode>);
+    creator->registCreateFunc("ZuAniFrameNode", zuCreateNodeOfType<ZuAniFrameNode>);
     creator->registCreateFunc("ZuFacePointNode", zuCreateNodeOfType<ZuFacePointNode>);
     creator->registCreateFunc("ZuFaceRectNote", zuCreateNodeOfType<ZuFaceRectNote>);
     creator->registCreateFunc("ZuFaceAxis", zuCreateNodeOfType<ZuFaceAxis>);
