@@ -1,0 +1,377 @@
+// Flip-book stickers: the time line's frame-by-frame timing and the events
+// it sends, triggers between animations, the "anim" item's keys, and the
+// quad drawn on a tracked face.
+#include "basesys/Camera.h"
+#include "basesys/ZuAppMain.h"
+#include "basesys/ZuAppNative.h"
+#include "basesys/ZuConfig.h"
+#include "basesys/ZuGlobalMgr.h"
+#include "data/DETECTTYPE.h"
+#include "data/ZuDetectBase.h"
+#include "data/ZuDetectMgr.h"
+#include "event/ZuAnimateEvent.h"
+#include "event/ZuEventMgr.h"
+#include "event/ZuTriggerLists.h"
+#include "logicsys/Animate2D/ZuAniFrameNode.h"
+#include "logicsys/Animate2D/ZuAnimateFrame.h"
+#include "logicsys/Animate2D/ZuKeyFrame.h"
+#include "logicsys/Animate2D/ZuTimeLine.h"
+#include "operate/ZuOperateChangeDetectDataType.h"
+#include "operate/ZuOperateCreateLogicScene.h"
+#include "parse/ZuParse2DAni.h"
+#include "parse/ZuParseAniFrame.h"
+#include "person/ZuPerson.h"
+#include "person/ZuPersonSys.h"
+#include "person/ZuPersonTracker.h"
+#include "render/fbo/ZuFboObject.h"
+#include "render/texture/ZuPngWriter.h"
+#include "scene/ZuAdaptObj.h"
+#include "scene/ZuNodeCreator.h"
+#include "scene/ZuNodeMgr.h"
+#include "scene/ZuScene.h"
+#include "scene/ZuSceneMgr.h"
+#include "support/EngineFixture.h"
+#include "support/LogCapture.h"
+#include "support/TempDir.h"
+
+#include <rapidjson/document.h>
+
+#include <cmath>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace {
+
+const int kSize = 64;
+
+// Collects the names of the animation events that reach it, per pass.
+class AniEventLog : public ZuEventProc {
+public:
+    explicit AniEventLog(ZuAppMain* app) : ZuEventProc(app) {}
+    bool procEvent(ZuEvent* event) override {
+        if (event && event->type == ZU_EVENT_ANIMATE) {
+            seen.push_back(std::string(event->name.c_str()));
+            persons.push_back(static_cast<ZuAnimateEvent*>(event)->personID);
+        }
+        return true;
+    }
+    std::vector<std::string> take() {
+        std::vector<std::string> out;
+        out.swap(seen);
+        return out;
+    }
+    std::vector<std::string> seen;
+    std::vector<int> persons;
+};
+
+using Names = std::vector<std::string>;
+
+// One FP face record (camera pixels, y down): points not named sit at (32, 60).
+std::vector<uint8_t> fpRecord(int faces, const std::map<int, std::pair<float, float>>& points) {
+    std::vector<uint8_t> bytes;
+    auto put = [&bytes](const void* value) {
+        const uint8_t* b = static_cast<const uint8_t*>(value);
+        bytes.insert(bytes.end(), b, b + 4);
+    };
+    int32_t count = faces;
+    put(&count);
+    for (int f = 0; f < faces; ++f) {
+        float angles[3] = {0, 0, 0};
+        for (float& a : angles) put(&a);
+        int32_t rect[4] = {0, 0, kSize, kSize};
+        for (int32_t& r : rect) put(&r);
+        for (int i = 0; i < 106; ++i) {
+            auto it = points.find(i);
+            const std::pair<float, float> p = it != points.end() ? it->second : std::make_pair(32.0f, 60.0f);
+            put(&p.first);
+            put(&p.second);
+        }
+    }
+    return bytes;
+}
+
+class AniFrameTest : public EngineTest {
+protected:
+    std::vector<std::string> resourceRoots() const override { return {dir.path()}; }
+    void SetUp() override {
+        EngineTest::SetUp();
+        ZuGlobalMgr* managers = app->getGlobalMgr();
+        Camera* camera = managers->getConfig()->getCamera("s");
+        camera->width = kSize;
+        camera->height = kSize;
+        camera->angle = 0;
+        push(new ZuOperateCreateLogicScene(app, "s", kSize, kSize, kSize, kSize, SCALE_MODE_FULL));
+        push(new ZuOperateChangeDetectDataType(app, DETECTTYPE_FP));
+        frame();
+        scene = managers->getSceneMgr()->getScene("s");
+        ASSERT_NE(scene, nullptr);
+        events = managers->getEventMgr();
+        log = new AniEventLog(app);
+        events->registProcer(log);
+        writePng("red.png", 8, 8, {255, 0, 0, 255});
+        writePng("green.png", 8, 8, {0, 255, 0, 255});
+        writePng("blue.png", 8, 16, {0, 0, 255, 255});
+    }
+    void TearDown() override {
+        if (app && log) app->getGlobalMgr()->getEventMgr()->unregistProcer(log);
+        qzSafeRelease(log);
+        EngineTest::TearDown();
+    }
+    void writePng(const std::string& name, int w, int h, std::vector<uint8_t> rgba) {
+        std::vector<uint8_t> pixels;
+        for (int i = 0; i < w * h; ++i) pixels.insert(pixels.end(), rgba.begin(), rgba.end());
+        ZuPngWriter writer(app);
+        ASSERT_EQ(writer.write((dir.path() + name).c_str(), w, h, pixels.data()), 1);
+    }
+    // A node outside the scene, stepped by hand: frames are the given files.
+    ZuAniFrameNode* makeNode(const Names& files, float fps, bool loop, int personID = 0) {
+        auto* node = dynamic_cast<ZuAniFrameNode*>(
+            app->getGlobalMgr()->getNodeMgr()->getCreator()->createNode("ZuAniFrameNode", "s", "ani"));
+        EXPECT_NE(node, nullptr);
+        ZuAnimateFrame* animate = new ZuAnimateFrame(app);
+        animate->setsceneName("s");
+        animate->setaniName("ani");
+        ZuTimeLine* line = new ZuTimeLine();
+        line->zuinit(fps);
+        for (size_t i = 0; i < files.size(); ++i) {
+            ZuKeyFrame* key = new ZuKeyFrame(app);
+            key->setframeID(static_cast<unsigned>(i));
+            key->initTexture((dir.path() + files[i]).c_str());
+            line->pushFrame(key);
+        }
+        animate->setM_TimeLine(line);
+        node->setAinFrame(animate);
+        animate->release();
+        node->setloop(loop);
+        node->setpersonID(personID);
+        return node;  // the node manager owns it
+    }
+    // One tick of ms on the node, then the animation events it caused.
+    Names tick(ZuAniFrameNode* node, float ms) {
+        node->update(ms);
+        events->update(0.0f);
+        return log->take();
+    }
+    int frameID(ZuAniFrameNode* node) {
+        ZuKeyFrame* key = node->getAniFrame()->getTimeLine()->getCurrent();
+        return key ? static_cast<int>(key->getframeID()) : -1;
+    }
+    // The scene picture, bottom row first.
+    std::vector<uint8_t> scenePixels() {
+        glBindFramebuffer(GL_FRAMEBUFFER, scene->getFbo()->getFboID());
+        std::vector<uint8_t> pixels = readPixels(0, 0, kSize, kSize);
+        glBindFramebuffer(GL_FRAMEBUFFER, 0);
+        return pixels;
+    }
+    // Bounding box of the pure-red pixels: x0, y0, x1, y1 (inclusive), or all -1.
+    static std::vector<int> redBox(const std::vector<uint8_t>& pixels) {
+        std::vector<int> box = {kSize, kSize, -1, -1};
+        for (int y = 0; y < kSize; ++y)
+            for (int x = 0; x < kSize; ++x) {
+                const uint8_t* p = &pixels[(static_cast<size_t>(y) * kSize + x) * 4];
+                if (p[0] > 200 && p[1] < 50 && p[2] < 50) {
+                    box[0] = std::min(box[0], x);
+                    box[1] = std::min(box[1], y);
+                    box[2] = std::max(box[2], x);
+                    box[3] = std::max(box[3], y);
+                }
+            }
+        if (box[2] < 0) box = {-1, -1, -1, -1};
+        return box;
+    }
+
+    TempDir dir;
+    ZuScene* scene = nullptr;
+    ZuEventMgr* events = nullptr;
+    AniEventLog* log = nullptr;
+};
+
+} // namespace
+
+TEST_F(AniFrameTest, OneLoopingImageCompletesAndResetsOnEveryTickFromTheSecond) {
+    ZuAniFrameNode* node = makeNode({"red.png"}, 25.0f, true);
+    node->play();
+    events->update(0.0f);
+    EXPECT_EQ(log->take(), (Names{"aniReset", "aniPlay"}));
+    EXPECT_EQ(tick(node, 40), Names{});
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(tick(node, 40), (Names{"aniComplete", "aniReset"})) << "tick " << i + 2;
+    EXPECT_EQ(node->getPlayState(), ZuAniFrameNode::STATE_PLAYING);
+    EXPECT_TRUE(node->isVisible());
+}
+
+TEST_F(AniFrameTest, ALateTickMovesOneFrameAndTheLastFrameStaysTwoTicks) {
+    // 25 fps at 100 ms ticks: one frame a tick, none skipped.
+    ZuAniFrameNode* node = makeNode({"red.png", "green.png", "blue.png"}, 25.0f, false);
+    node->play();
+    events->update(0.0f);
+    log->take();
+    std::vector<int> ids;
+    std::vector<Names> sent;
+    for (int i = 0; i < 5; ++i) {
+        sent.push_back(tick(node, 100));
+        ids.push_back(frameID(node));
+    }
+    EXPECT_EQ(ids, (std::vector<int>{1, 2, 2, 2, 2}));
+    EXPECT_EQ(sent[0], Names{});
+    EXPECT_EQ(sent[1], Names{});
+    EXPECT_EQ(sent[2], Names{});  // the tick that raises the end flag
+    EXPECT_EQ(sent[3], (Names{"aniComplete", "aniStop"}));
+    EXPECT_EQ(node->getPlayState(), ZuAniFrameNode::STATE_STOPPED);
+    EXPECT_FALSE(node->isVisible());
+    EXPECT_EQ(sent[4], Names{});  // a stopped node no longer steps
+    // The size of the frame shown last (8 x 16) is what the node reports.
+    EXPECT_EQ(node->getDisplayWidth(), 8.0f);
+    EXPECT_EQ(node->getDisplayHeight(), 16.0f);
+}
+
+TEST_F(AniFrameTest, FpsZeroKeepsTheFirstFrameAndAnEmptyTimeLineStopsWithoutCompleting) {
+    ZuAniFrameNode* still = makeNode({"red.png", "green.png"}, 0.0f, false);
+    still->play();
+    for (int i = 0; i < 50; ++i) tick(still, 1000);
+    EXPECT_EQ(frameID(still), 0);
+    EXPECT_EQ(still->getPlayState(), ZuAniFrameNode::STATE_PLAYING);
+
+    ZuAniFrameNode* empty = makeNode({}, 25.0f, false);
+    empty->play();
+    events->update(0.0f);
+    log->take();
+    EXPECT_EQ(tick(empty, 40), Names{});
+    EXPECT_EQ(tick(empty, 40), Names{"aniStop"});
+    EXPECT_EQ(empty->getPlayState(), ZuAniFrameNode::STATE_STOPPED);
+}
+
+TEST_F(AniFrameTest, PauseFreezesTheFrameAndStopHides) {
+    ZuAniFrameNode* node = makeNode({"red.png", "green.png", "blue.png"}, 10.0f, true);
+    node->play();
+    tick(node, 100);
+    node->pause();
+    EXPECT_EQ(tick(node, 100), Names{"aniPause"});
+    tick(node, 100);
+    EXPECT_EQ(frameID(node), 1);
+    EXPECT_TRUE(node->isVisible());
+    node->stop();
+    events->update(0.0f);
+    EXPECT_EQ(log->take(), Names{"aniStop"});
+    EXPECT_FALSE(node->isVisible());
+}
+
+TEST_F(AniFrameTest, ADependencyStartsOnAnAnimationEventOnlyForPersonZero) {
+    ZuAniFrameNode* first = makeNode({"red.png"}, 25.0f, false);
+    ZuAniFrameNode* same = makeNode({"red.png"}, 25.0f, false, 0);
+    ZuAniFrameNode* other = makeNode({"red.png"}, 25.0f, false, 1);
+    ZuAniFrameNode* stopped = makeNode({"red.png"}, 25.0f, true, 0);
+    same->pushEventToStartList(ZuTriggerLists::makeTriggerPattern("dependency", "ani", "aniComplete", "s", 0, 0));
+    other->pushEventToStartList(ZuTriggerLists::makeTriggerPattern("dependency", "ani", "aniComplete", "s", 1, 0));
+    stopped->pushEventToStopList(ZuTriggerLists::makeTriggerPattern("dependency", "ani", "aniComplete", "s", 0, 0));
+    stopped->play();
+    first->play();
+    events->update(0.0f);
+    log->take();
+    tick(first, 40);
+    tick(first, 40);  // aniComplete and aniStop, carrying person -1
+    EXPECT_EQ(log->persons.back(), -1);
+    EXPECT_EQ(same->getPlayState(), ZuAniFrameNode::STATE_PLAYING);
+    EXPECT_EQ(other->getPlayState(), ZuAniFrameNode::STATE_STOPPED);
+    // The animation name of a dependency takes no part: "same" playing now
+    // sends an "aniPlay" that any "aniPlay" dependency in the scene would take.
+    EXPECT_EQ(stopped->getPlayState(), ZuAniFrameNode::STATE_STOPPED);
+}
+
+TEST_F(AniFrameTest, TheAnimItemReadsItsKeysAndBuildsNodesPerPerson) {
+    rapidjson::Document item;
+    item.Parse(R"({"id": "12", "type": "anim", "subType": "face", "images": ["red.png", 4],
+        "index": "460", "s": ["1.2", 3], "h": [0, 0], "r": "1", "fps": 30, "loop": "1",
+        "triggeredBy": [{"category": "mouthOpen"}], "terminatedBy": [{"category": "mouthClose"}]})");
+    LogCapture capture;
+    ZuParseData* data = ZuParse2DAni::parse2DAni(app, item, 3, "s", dir.path().c_str());
+    ASSERT_NE(data, nullptr);
+    auto* frames = dynamic_cast<ZuParseAniFrame*>(data);
+    ASSERT_NE(frames, nullptr);
+    EXPECT_EQ(frames->bindIndex, 46);
+    EXPECT_FLOAT_EQ(frames->scaleX, 1.2f);
+    EXPECT_FALSE(frames->offsetSet);
+    EXPECT_EQ(frames->fps, 25.0f);  // a number where text is expected is ignored
+    EXPECT_GE(capture.count("\"fps\" is not a string", ZU_LOG_WARN), 1);
+    EXPECT_GE(capture.count("an entry of \"images\" is not a string", ZU_LOG_WARN), 1);
+
+    std::string path = dir.path();
+    data->generate(3, "s", &path[0]);
+    ASSERT_EQ(data->getNodes().size(), 4u);  // no "mode", no "personid": persons 1 to 4
+    auto* node = dynamic_cast<ZuAniFrameNode*>(data->getNodes()[2]);
+    ASSERT_NE(node, nullptr);
+    EXPECT_EQ(node->getpersonID(), 3);
+    EXPECT_EQ(node->getposmode(), ANIPOS_FACE);
+    EXPECT_TRUE(node->getcfgrot());
+    EXPECT_TRUE(node->getloop());
+    EXPECT_EQ(node->getcfgoffx(), 0.0f);
+    EXPECT_EQ(node->getAniFrame()->getTimeLine()->getFrameCount(), 1u);
+    EXPECT_EQ(node->getAniFrame()->getid(), 12);
+    EXPECT_EQ(node->getTriggers().startCount(), 1u);
+    EXPECT_EQ(node->getTriggers().stopCount(), 1u);
+    EXPECT_EQ(node->getPlayState(), ZuAniFrameNode::STATE_STOPPED);
+    data->release();
+
+    // A screen item with a mode: one node, started by its package's readiness.
+    item.Parse(R"({"id": "bg", "subType": "screen", "mode": "fullscreen", "images": ["red.png"],
+                   "playIndex": "1", "plist": ["missing"]})");
+    data = ZuParse2DAni::parse2DAni(app, item, 4, "s", dir.path().c_str());
+    ASSERT_NE(data, nullptr);
+    data->generate(4, "s", &path[0]);
+    ASSERT_EQ(data->getNodes().size(), 1u);
+    node = dynamic_cast<ZuAniFrameNode*>(data->getNodes()[0]);
+    EXPECT_EQ(node->getpersonID(), 0);
+    EXPECT_EQ(node->getposmode(), ANIPOS_FULLSCREEN);
+    EXPECT_TRUE(node->getisScreen());
+    EXPECT_EQ(node->getTriggers().startCount(), 1u);
+    EXPECT_EQ(node->getAniFrame()->getTimeLine()->getFrameCount(), 0u);  // "playIndex" empties it
+    EXPECT_EQ(node->getAniFrame()->getTexturePListCount(), 0u);          // the missing atlas is skipped
+    EXPECT_TRUE(app->getGlobalMgr()->getConfig()->screenAnimation);
+    data->release();
+
+    // Skeletal items are refused with a log line.
+    item.Parse(R"({"id": "sk", "spine": {"skeleton": "a.json"}})");
+    EXPECT_EQ(ZuParse2DAni::parse2DAni(app, item, 5, "s", dir.path().c_str()), nullptr);
+    EXPECT_EQ(capture.count("skeletal \"anim\" items are not supported yet", ZU_LOG_WARN), 1);
+}
+
+TEST_F(AniFrameTest, AFaceStickerSitsOnItsLandmarkScalesWithTheEyesAndHidesWithoutAFace) {
+    ZuAniFrameNode* node = makeNode({"red.png"}, 25.0f, true, 1);
+    node->setposmode(ANIPOS_FACE);
+    node->setcfgsx(1.0f);
+    ZuDetectBase* detect = app->getGlobalMgr()->getDetectMgr()->getDetect();
+    ASSERT_NE(detect, nullptr);
+    node->setcfgbindindex(46);
+    const int bound = detect->transformIndex(46);
+    scene->addChild(node);
+    node->play();
+
+    ZuPersonSys* persons = app->getGlobalMgr()->getPersonSys();
+    for (float eyes : {16.0f, 32.0f}) {
+        std::map<int, std::pair<float, float>> points = {{74, {32.0f - eyes / 2, 30.0f}},
+                                                        {77, {32.0f + eyes / 2, 30.0f}},
+                                                        {bound, {30.0f, 40.0f}}};
+        const std::vector<uint8_t> record = fpRecord(1, points);
+        app->getAppInter()->setDetectData("s", record.data(), static_cast<int>(record.size()));
+        frame();
+        frame();
+        ZuPerson* person = persons->getPerson("s", 1);
+        ASSERT_NE(person, nullptr);
+        ASSERT_TRUE(person->getExist());
+        const float ax = person->getFaceDataX(bound), ay = person->getFaceDataY(bound);
+        const float size = person->getTracker()->eyeDistance;
+        EXPECT_NEAR(size, eyes, 0.5f);
+        const std::vector<int> box = redBox(scenePixels());
+        ASSERT_GE(box[0], 0) << "eyes " << eyes;
+        EXPECT_NEAR((box[0] + box[2] + 1) / 2.0f, ax, 2.0f);
+        EXPECT_NEAR((box[1] + box[3] + 1) / 2.0f, ay, 2.0f);
+        EXPECT_NEAR(box[2] - box[0] + 1, size, 1.0f);
+        EXPECT_NEAR(box[3] - box[1] + 1, size, 1.0f);
+    }
+
+    const std::vector<uint8_t> none = fpRecord(0, {});
+    app->getAppInter()->setDetectData("s", none.data(), static_cast<int>(none.size()));
+    frame();
+    frame();
+    EXPECT_EQ(redBox(scenePixels())[0], -1);
+}
