@@ -375,3 +375,39 @@ TEST_F(AniFrameTest, AFaceStickerSitsOnItsLandmarkScalesWithTheEyesAndHidesWitho
     frame();
     EXPECT_EQ(redBox(scenePixels())[0], -1);
 }
+
+TEST_F(AniFrameTest, AFaceStickerTurnsWithTheEyeLine) {
+    writePng("tall.png", 8, 16, {255, 0, 0, 255});
+    ZuAniFrameNode* node = makeNode({"tall.png"}, 25.0f, true, 1);
+    node->setposmode(ANIPOS_FACE);
+    node->setcfgsx(1.0f);
+    scene->addChild(node);
+    node->play();
+    // Eye line tilted by about 31 degrees.
+    const int bound = app->getGlobalMgr()->getDetectMgr()->getDetect()->transformIndex(0);
+    const std::vector<uint8_t> record =
+        fpRecord(1, {{74, {22.0f, 34.0f}}, {77, {42.0f, 22.0f}}, {bound, {32.0f, 32.0f}}});
+    app->getAppInter()->setDetectData("s", record.data(), static_cast<int>(record.size()));
+    frame();
+    frame();
+    const std::vector<uint8_t> pixels = scenePixels();
+    // The long side of the sticker follows the face's up axis: its angle from
+    // the vertical equals the eye line's angle from the horizontal.
+    double sx = 0, sy = 0, n = 0;
+    for (int y = 0; y < kSize; ++y)
+        for (int x = 0; x < kSize; ++x)
+            if (pixels[(y * kSize + x) * 4] > 200 && pixels[(y * kSize + x) * 4 + 1] < 50) sx += x, sy += y, n++;
+    ASSERT_GT(n, 20);
+    double cxx = 0, cyy = 0, cxy = 0;
+    for (int y = 0; y < kSize; ++y)
+        for (int x = 0; x < kSize; ++x)
+            if (pixels[(y * kSize + x) * 4] > 200 && pixels[(y * kSize + x) * 4 + 1] < 50) {
+                const double dx = x - sx / n, dy = y - sy / n;
+                cxx += dx * dx, cyy += dy * dy, cxy += dx * dy;
+            }
+    const double longAxis = 0.5 * std::atan2(2 * cxy, cxx - cyy) * 57.29578; // from +x, y up
+    const float eyeLine = app->getGlobalMgr()->getPersonSys()->getPerson("s", 1)->getTracker()->eyeLineAngle;
+    // An axis has no head: compare angles modulo half a turn.
+    const double off = std::fmod(longAxis - 90.0 - eyeLine + 720.0, 180.0);
+    EXPECT_NEAR(std::min(off, 180.0 - off), 0.0, 4.0) << "axis " << longAxis << ", eye line " << eyeLine;
+}

@@ -183,11 +183,7 @@ void ZuAniFrameNode::refreshPosition() {
         const float faceW = tracker->eyeDistance * cfgSX;
         float x = faceW * -cfgOffX / 2.0f;
         float y = srcW > 0.0f ? faceW * (srcH / srcW) * cfgOffY / 2.0f : 0.0f;
-        if (cfgRot) {
-            ZuVec3 turned = tracker->faceMatrix.transformPoint(ZuVec3(x, y, 0.0f));
-            x = turned.x;
-            y = turned.y;
-        }
+        if (cfgRot) ZuAnimate::turnByPose(tracker->faceMatrix, x, y);
         setPositionX(person->getFaceDataX(index) + x, person->getFaceDataY(index) + y, 0.0f);
         break;
     }

@@ -145,17 +145,21 @@ void ZuAnimate::writeQuad(ZuRenderMesh* mesh, const float (&xy)[4][2], const flo
     float vertices[16];
     for (int i = 0; i < 4; ++i) {
         float x = xy[i][0], y = xy[i][1];
-        if (matrix) {
-            ZuVec3 p = matrix->transformPoint(ZuVec3(x, y, 0.0f));
-            x = p.x;
-            y = p.y;
-        }
+        if (matrix) turnByPose(*matrix, x, y);
         vertices[4 * i] = x;
         vertices[4 * i + 1] = y;
         vertices[4 * i + 2] = uv[i][0];
         vertices[4 * i + 3] = uv[i][1];
     }
     mesh->setVertexData(vertices, sizeof vertices);
+}
+
+void ZuAnimate::turnByPose(const ZuMat4& pose, float& x, float& y) {
+    const float* m = pose.m;
+    const float turnedX = x * m[0] + y * m[1] + m[3];
+    const float turnedY = x * m[4] + y * m[5] + m[7];
+    x = turnedX;
+    y = turnedY;
 }
 
 void ZuAnimate::refreshPlain(ZuRenderMesh* mesh, const ZuMat4* matrix) {

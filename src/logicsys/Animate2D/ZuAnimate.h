@@ -60,6 +60,11 @@ public:
     bool isCompletedThisTick() const { return completedThisTick; }
     bool isStoppedThisTick() const { return stoppedThisTick; }
 
+    // Carries a point of the face's own plane onto the picture. A tracker's
+    // face matrix holds the face axes as its rows, so the point is taken as
+    // a row vector: (x, y, 0, 1) times the matrix.
+    static void turnByPose(const ZuMat4& pose, float& x, float& y);
+
 protected:
     void sendEvent(const char* eventName);
     // Drawn size from the source size and the placement mode.
