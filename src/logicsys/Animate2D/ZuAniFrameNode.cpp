@@ -39,6 +39,8 @@ void ZuAniFrameNode::zuinit() {
     // Frames are drawn with premultiplied alpha.
     material->setBlend(true, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
     material->setDepthTest(false);
+    // A screen quad is mirrored by a negative x scale: both windings draw.
+    material->setCull(false, GL_CCW, GL_BACK);
     mesh = new ZuRenderMesh();
     mesh->setVertexType(VF_POS2 | VF_TEX0);
     mesh->setVertexNum(4);
@@ -167,8 +169,12 @@ void ZuAniFrameNode::refreshPosition() {
     ZuGlobalParam* param = app ? app->getGlobalParam() : nullptr;
     const float camW = param && param->activeCamera ? param->activeCamera->getWidth() : 0.0f;
     const float camH = param && param->activeCamera ? param->activeCamera->getHeight() : 0.0f;
-    const float adaptX = camera ? camera->adaptScale.x : 1.0f;
-    const float adaptY = camera ? camera->adaptScale.y : 1.0f;
+    // Real size over design size, taken from the camera the scene draws
+    // with: a scene's camera record may never have been given a frame.
+    const float designW = config ? static_cast<float>(config->getDesignWidth()) : 0.0f;
+    const float designH = config ? static_cast<float>(config->getDesignHeight()) : 0.0f;
+    const float adaptX = designW > 0.0f && camW > 0.0f ? camW / designW : 1.0f;
+    const float adaptY = designH > 0.0f && camH > 0.0f ? camH / designH : 1.0f;
     const float srcW = displayWidth, srcH = displayHeight;
     const float fit = srcW > 0.0f ? camW / srcW : 0.0f;
 
