@@ -411,3 +411,47 @@ TEST_F(AniFrameTest, AFaceStickerTurnsWithTheEyeLine) {
     const double off = std::fmod(longAxis - 90.0 - eyeLine + 720.0, 180.0);
     EXPECT_NEAR(std::min(off, 180.0 - off), 0.0, 4.0) << "axis " << longAxis << ", eye line " << eyeLine;
 }
+
+// A face record with a mouth 20 pixels wide, its lips apart by gap.
+std::vector<uint8_t> mouthRecord(float gap) {
+    return fpRecord(1, {{74, {22.0f, 30.0f}}, {77, {42.0f, 30.0f}}, {84, {22.0f, 48.0f}}, {90, {42.0f, 48.0f}},
+                        {93, {32.0f, 50.0f + gap}}, {87, {32.0f, 46.0f}}, {98, {32.0f, 47.0f}},
+                        {102, {32.0f, 47.0f + gap}}});
+}
+
+TEST_F(AniFrameTest, AnOpenMouthStartsThePackagesStickerInTheFrameItsEventArrives) {
+    dir.write("pkg/config.json", R"({"param": [{"id": "puff", "type": "anim", "subType": "face",
+        "images": ["red.png"], "s": ["1"], "loop": "1",
+        "triggeredBy": [{"category": "mouthopen"}], "terminatedBy": [{"category": "mouthclose"}]}]})");
+    writePng("pkg/red.png", 8, 8, {255, 0, 0, 255});
+    ZuAppNative* host = app->getAppInter();
+    host->loadEffect("s", "pkg", 9, 0);
+    ZuNodeMgr* nodes = app->getGlobalMgr()->getNodeMgr();
+    ZuAniFrameNode* node = nullptr;
+    for (int i = 0; i < 200 && !node; ++i) {
+        frame();
+        node = dynamic_cast<ZuAniFrameNode*>(nodes->getNode("s_puff_1_9"));
+    }
+    ASSERT_NE(node, nullptr);
+
+    // Shut, then open: the frame that turns the node on also draws it.
+    auto run = [&](float gap, int wantState) {
+        const std::vector<uint8_t> record = mouthRecord(gap);
+        for (int i = 0; i < 10; ++i) {
+            host->setDetectData("s", record.data(), static_cast<int>(record.size()));
+            frame();
+            const bool red = redBox(scenePixels())[0] >= 0;
+            if (node->getPlayState() == wantState) return std::make_pair(i, red);
+            EXPECT_EQ(red, wantState != ZuAniFrameNode::STATE_PLAYING) << "frame " << i;
+        }
+        return std::make_pair(-1, false);
+    };
+    EXPECT_EQ(node->getPlayState(), ZuAniFrameNode::STATE_STOPPED);
+    std::pair<int, bool> opened = run(16.0f, ZuAniFrameNode::STATE_PLAYING);
+    ASSERT_GE(opened.first, 0);
+    EXPECT_TRUE(opened.second);
+    EXPECT_LE(opened.first, 2);  // the event comes back through one pool exchange
+    std::pair<int, bool> shut = run(0.0f, ZuAniFrameNode::STATE_STOPPED);
+    ASSERT_GE(shut.first, 0);
+    EXPECT_FALSE(shut.second);
+}
