@@ -25,6 +25,8 @@
 #include "person/ZuPersonTracker.h"
 #include "render/fbo/ZuFboObject.h"
 #include "render/texture/ZuPngWriter.h"
+#include "render/texture/ZuTexMgr.h"
+#include "render/texture/ZuTextureSet.h"
 #include "scene/ZuAdaptObj.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuNodeMgr.h"
@@ -38,6 +40,7 @@
 
 #include <cmath>
 #include <map>
+#include <unistd.h>
 #include <string>
 #include <vector>
 
@@ -454,4 +457,76 @@ TEST_F(AniFrameTest, AnOpenMouthStartsThePackagesStickerInTheFrameItsEventArrive
     std::pair<int, bool> shut = run(0.0f, ZuAniFrameNode::STATE_STOPPED);
     ASSERT_GE(shut.first, 0);
     EXPECT_FALSE(shut.second);
+}
+
+TEST_F(AniFrameTest, AnAtlasFrameDrawsItsTrimmedRegionAtItsPlaceInTheLogicalFrame) {
+    // Page 16 x 8: red on the left half, green on the right. Both regions
+    // are quarters of a 16 x 16 logical frame: red its top right, green its
+    // bottom left.
+    dir.write("atlas.json", R"({"frames": [
+        {"filename": "a.png", "trimmed": true, "frame": {"x": 0, "y": 0, "w": 8, "h": 8},
+         "spriteSourceSize": {"x": 8, "y": 0, "w": 8, "h": 8}, "sourceSize": {"w": 16, "h": 16}},
+        {"filename": "b.png", "trimmed": true, "frame": {"x": 8, "y": 0, "w": 8, "h": 8},
+         "spriteSourceSize": {"x": 0, "y": 8, "w": 8, "h": 8}, "sourceSize": {"w": 16, "h": 16}}],
+        "meta": {"image": "page.png"}})");
+    std::vector<uint8_t> page;
+    for (int y = 0; y < 8; ++y)
+        for (int x = 0; x < 16; ++x) {
+            const std::vector<uint8_t> px = x < 8 ? std::vector<uint8_t>{255, 0, 0, 255} : std::vector<uint8_t>{0, 255, 0, 255};
+            page.insert(page.end(), px.begin(), px.end());
+        }
+    ZuPngWriter writer(app);
+    ASSERT_EQ(writer.write((dir.path() + "page.png").c_str(), 16, 8, page.data()), 1);
+    // The atlas goes into the texture cache before the frames look their regions up.
+    ZuTextureSet* atlas =
+        app->getGlobalMgr()->getTexMgr()->loadImgPList((dir.path() + "atlas.json").c_str(), dir.path().c_str());
+    ASSERT_NE(atlas, nullptr);
+
+    const int bound = app->getGlobalMgr()->getDetectMgr()->getDetect()->transformIndex(0);
+    const std::vector<uint8_t> record = fpRecord(1, {{74, {16.0f, 20.0f}}, {77, {48.0f, 20.0f}}, {bound, {32.0f, 32.0f}}});
+    // Both built at once: the cache lets regions nobody holds go after two ticks.
+    std::map<std::string, ZuAniFrameNode*> made;
+    for (const char* region : {"a.png", "b.png"}) {
+        ZuAniFrameNode* node = makeNode({region}, 25.0f, true, 1);
+        node->getAniFrame()->addTexturePList(atlas);
+        node->setposmode(ANIPOS_FACE);
+        node->setcfgsx(1.0f);  // 32 pixels across: twice the logical frame
+        scene->addChild(node);
+        made[region] = node;
+    }
+    for (const char* region : {"a.png", "b.png"}) {
+        ZuAniFrameNode* node = made[region];
+        node->play();
+        for (int i = 0; i < 200 && !node->isReady(); ++i) {
+            frame();
+            usleep(2000);  // the page decodes on the load thread
+        }
+        ASSERT_TRUE(node->isReady());
+        app->getAppInter()->setDetectData("s", record.data(), static_cast<int>(record.size()));
+        frame();
+        frame();
+        const std::vector<uint8_t> pixels = scenePixels();
+        const std::vector<int> red = redBox(pixels);
+        int greenX0 = kSize, greenY0 = kSize, greenX1 = -1, greenY1 = -1;
+        for (int y = 0; y < kSize; ++y)
+            for (int x = 0; x < kSize; ++x) {
+                const uint8_t* p = &pixels[(static_cast<size_t>(y) * kSize + x) * 4];
+                if (p[1] > 200 && p[0] < 50) {
+                    greenX0 = std::min(greenX0, x), greenY0 = std::min(greenY0, y);
+                    greenX1 = std::max(greenX1, x), greenY1 = std::max(greenY1, y);
+                }
+            }
+        if (std::string(region) == "a.png") {
+            // Above right of the anchor (y up); an edge column may mix with
+            // its neighbour on the page.
+            const std::vector<int> want = {32, 32, 47, 47};
+            for (int i = 0; i < 4; ++i) EXPECT_NEAR(red[i], want[i], 1) << i;
+            EXPECT_EQ(greenX1, -1);
+        } else {
+            EXPECT_EQ(red[0], -1);
+            const std::vector<int> got = {greenX0, greenY0, greenX1, greenY1}, want = {16, 16, 31, 31};
+            for (int i = 0; i < 4; ++i) EXPECT_NEAR(got[i], want[i], 1) << i;
+        }
+        node->stop();
+    }
 }
