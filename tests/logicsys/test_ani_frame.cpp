@@ -530,3 +530,38 @@ TEST_F(AniFrameTest, AnAtlasFrameDrawsItsTrimmedRegionAtItsPlaceInTheLogicalFram
         node->stop();
     }
 }
+
+TEST_F(AniFrameTest, FullScreenCoversTheFrameAndAMaskNeverDraws) {
+    writePng("tall_red.png", 9, 16, {255, 0, 0, 255});
+    auto count = [&]() {
+        const std::vector<uint8_t> pixels = scenePixels();
+        int red = 0;
+        for (int i = 0; i < kSize * kSize; ++i)
+            if (pixels[i * 4] > 200 && pixels[i * 4 + 1] < 50) red++;
+        return red;
+    };
+    // Full screen: the 9:16 picture covers the 9:16 design area, which the
+    // adapt scale lays over the whole 64 x 64 frame.
+    ZuAniFrameNode* full = makeNode({"tall_red.png"}, 25.0f, true);
+    full->setposmode(ANIPOS_FULLSCREEN);
+    scene->addChild(full);
+    full->play();
+    frame();
+    EXPECT_EQ(count(), kSize * kSize);
+    full->stop();
+    frame();
+    EXPECT_EQ(count(), 0);
+
+    // A mask plays, but leaves drawing to whoever uses it, face or not.
+    ZuAniFrameNode* mask = makeNode({"tall_red.png"}, 25.0f, true, 1);
+    mask->setposmode(ANIPOS_MASK);
+    mask->setisFaceMask(true);
+    scene->addChild(mask);
+    mask->play();
+    const std::vector<uint8_t> record = mouthRecord(0.0f);
+    app->getAppInter()->setDetectData("s", record.data(), static_cast<int>(record.size()));
+    frame();
+    frame();
+    EXPECT_EQ(mask->getPlayState(), ZuAniFrameNode::STATE_PLAYING);
+    EXPECT_EQ(count(), 0);
+}
