@@ -565,3 +565,36 @@ TEST_F(AniFrameTest, FullScreenCoversTheFrameAndAMaskNeverDraws) {
     EXPECT_EQ(mask->getPlayState(), ZuAniFrameNode::STATE_PLAYING);
     EXPECT_EQ(count(), 0);
 }
+
+TEST_F(AniFrameTest, BrokenAtlasesAndMissingImagesAreLoggedAndDrawNothing) {
+    dir.write("bad/broken.json", "{\"frames\": [ {\"filename\": ");
+    dir.write("bad/nopage.json", R"({"frames": [{"filename": "p.png", "frame": {"x": 0, "y": 0, "w": 4, "h": 4},
+        "sourceSize": {"w": 4, "h": 4}}], "meta": {"image": "absent.png"}})");
+    dir.write("bad/config.json", "{}");
+    rapidjson::Document item;
+    item.Parse(R"({"id": "bad", "subType": "screen", "mode": "centerorigin", "fps": "25", "loop": "1",
+        "plist": ["broken", "nopage", "nothere"], "images": ["p.png", "gone.png"]})");
+    LogCapture capture;
+    ZuParseData* data = ZuParse2DAni::parse2DAni(app, item, 6, "s", (dir.path() + "bad/").c_str());
+    ASSERT_NE(data, nullptr);
+    std::string path = dir.path() + "bad/";
+    data->generate(6, "s", &path[0]);
+    ASSERT_EQ(data->getNodes().size(), 1u);
+    auto* node = dynamic_cast<ZuAniFrameNode*>(data->getNodes()[0]);
+    scene->addChild(node);
+    node->play();
+    for (int i = 0; i < 20; ++i) {
+        frame();
+        usleep(2000);
+    }
+    EXPECT_EQ(capture.count("not valid JSON", ZU_LOG_WARN), 1);
+    EXPECT_EQ(capture.count("atlas '" + path + "nothere.json': file not found", ZU_LOG_WARN), 1);
+    EXPECT_GE(capture.count("gone.png", ZU_LOG_WARN), 1);
+    EXPECT_EQ(node->getAniFrame()->getTexturePListCount(), 1u);  // only the page that was described
+    EXPECT_EQ(node->getPlayState(), ZuAniFrameNode::STATE_PLAYING);
+    const std::vector<uint8_t> pixels = scenePixels();
+    int lit = 0;
+    for (size_t i = 0; i < pixels.size(); i += 4) lit += pixels[i + 3] != 0 && (pixels[i] | pixels[i + 1] | pixels[i + 2]) != 0;
+    EXPECT_EQ(lit, 0);
+    data->release();
+}
