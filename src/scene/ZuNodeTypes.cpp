@@ -23,6 +23,7 @@
 #include "node/camera/ZuSeparationBackgroundExtTextureNode.h"
 #include "node/camera/ZuSeparationBackgroundNode.h"
 #include "logicsys/Animate2D/ZuAniFrameNode.h"
+#include "logicsys/Animate2D/ZuSpriteNode.h"
 #include "node/sound/ZuSoundNode.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuScene.h"
@@ -44,6 +45,7 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuIconNode", zuCreateNodeOfType<ZuIconNode>);
     creator->registCreateFunc("ZuSoundNode", zuCreateNodeOfType<ZuSoundNode>);
     creator->registCreateFunc("ZuAniFrameNode", zuCreateNodeOfType<ZuAniFrameNode>);
+    creator->registCreateFunc("ZuSpriteNode", zuCreateNodeOfType<ZuSpriteNode>);
     creator->registCreateFunc("ZuFacePointNode", zuCreateNodeOfType<ZuFacePointNode>);
     creator->registCreateFunc("ZuFaceRectNote", zuCreateNodeOfType<ZuFaceRectNote>);
     creator->registCreateFunc("ZuFaceAxis", zuCreateNodeOfType<ZuFaceAxis>);

@@ -15,6 +15,7 @@
 #include "logicsys/Animate2D/ZuAniFrameNode.h"
 #include "logicsys/Animate2D/ZuAnimateFrame.h"
 #include "logicsys/Animate2D/ZuKeyFrame.h"
+#include "logicsys/Animate2D/ZuSpriteNode.h"
 #include "logicsys/Animate2D/ZuTimeLine.h"
 #include "operate/ZuOperateChangeDetectDataType.h"
 #include "operate/ZuOperateCreateLogicScene.h"
@@ -597,4 +598,18 @@ TEST_F(AniFrameTest, BrokenAtlasesAndMissingImagesAreLoggedAndDrawNothing) {
     for (size_t i = 0; i < pixels.size(); i += 4) lit += pixels[i + 3] != 0 && (pixels[i] | pixels[i + 1] | pixels[i + 2]) != 0;
     EXPECT_EQ(lit, 0);
     data->release();
+}
+
+TEST_F(AniFrameTest, ASpriteDrawsItsPictureAtItsSizeAroundThePosition) {
+    auto* sprite = dynamic_cast<ZuSpriteNode*>(
+        app->getGlobalMgr()->getNodeMgr()->getCreator()->createNode("ZuSpriteNode", "s", "sprite"));
+    ASSERT_NE(sprite, nullptr);
+    scene->addChild(sprite);
+    frame();
+    EXPECT_EQ(redBox(scenePixels())[0], -1);  // no texture, nothing drawn
+    sprite->setSpriteTexture(app->getGlobalMgr()->getTexMgr()->getTextureSync((dir.path() + "red.png").c_str()));
+    sprite->setSpriteSize(20.0f, 10.0f);
+    sprite->setPositionX(20.0f, 40.0f, 0.0f);
+    frame();
+    EXPECT_EQ(redBox(scenePixels()), (std::vector<int>{10, 35, 29, 44}));
 }
