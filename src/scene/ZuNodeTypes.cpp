@@ -24,6 +24,7 @@
 #include "node/camera/ZuSeparationBackgroundNode.h"
 #include "logicsys/Animate2D/ZuAniFrameNode.h"
 #include "logicsys/Animate2D/ZuSpriteNode.h"
+#include "logicsys/Animate2D/ZuTexAniNode.h"
 #include "node/sound/ZuSoundNode.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuScene.h"
@@ -46,6 +47,7 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuSoundNode", zuCreateNodeOfType<ZuSoundNode>);
     creator->registCreateFunc("ZuAniFrameNode", zuCreateNodeOfType<ZuAniFrameNode>);
     creator->registCreateFunc("ZuSpriteNode", zuCreateNodeOfType<ZuSpriteNode>);
+    creator->registCreateFunc("ZuTexAniNode", zuCreateNodeOfType<ZuTexAniNode>);
     creator->registCreateFunc("ZuFacePointNode", zuCreateNodeOfType<ZuFacePointNode>);
     creator->registCreateFunc("ZuFaceRectNote", zuCreateNodeOfType<ZuFaceRectNote>);
     creator->registCreateFunc("ZuFaceAxis", zuCreateNodeOfType<ZuFaceAxis>);

@@ -16,6 +16,7 @@
 #include "logicsys/Animate2D/ZuAnimateFrame.h"
 #include "logicsys/Animate2D/ZuKeyFrame.h"
 #include "logicsys/Animate2D/ZuSpriteNode.h"
+#include "logicsys/Animate2D/ZuTexAniNode.h"
 #include "logicsys/Animate2D/ZuTimeLine.h"
 #include "operate/ZuOperateChangeDetectDataType.h"
 #include "operate/ZuOperateCreateLogicScene.h"
@@ -612,4 +613,37 @@ TEST_F(AniFrameTest, ASpriteDrawsItsPictureAtItsSizeAroundThePosition) {
     sprite->setPositionX(20.0f, 40.0f, 0.0f);
     frame();
     EXPECT_EQ(redBox(scenePixels()), (std::vector<int>{10, 35, 29, 44}));
+}
+
+TEST_F(AniFrameTest, AScrollingTextureKeepsItsSizeInTheCornerAndWrapsAsItMoves) {
+    app->getGlobalMgr()->getConfig()->setDesignSize(kSize, kSize);
+    std::vector<uint8_t> halves;
+    for (int y = 0; y < 32; ++y)
+        for (int x = 0; x < 32; ++x) {
+            const uint8_t px[4] = {static_cast<uint8_t>(x < 16 ? 255 : 0), static_cast<uint8_t>(x < 16 ? 0 : 255), 0, 255};
+            halves.insert(halves.end(), px, px + 4);
+        }
+    ZuPngWriter writer(app);
+    ASSERT_EQ(writer.write((dir.path() + "halves.png").c_str(), 32, 32, halves.data()), 1);
+    auto* node = dynamic_cast<ZuTexAniNode*>(
+        app->getGlobalMgr()->getNodeMgr()->getCreator()->createNode("ZuTexAniNode", "s", "scroll"));
+    ASSERT_NE(node, nullptr);
+    node->setTexture(app->getGlobalMgr()->getTexMgr()->getTextureSync((dir.path() + "halves.png").c_str()));
+    node->setSpeed(16.0f);  // half the picture a second
+    scene->addChild(node);
+    frame();
+    auto at = [](const std::vector<uint8_t>& pixels, int x, int y) {
+        const uint8_t* p = &pixels[(static_cast<size_t>(y) * kSize + x) * 4];
+        return p[0] > 200 ? 'r' : p[1] > 200 ? 'g' : '-';
+    };
+    std::vector<uint8_t> pixels = scenePixels();
+    EXPECT_EQ(at(pixels, 4, 16), 'r');
+    EXPECT_EQ(at(pixels, 24, 16), 'g');
+    EXPECT_EQ(at(pixels, 40, 16), '-');  // a 32-pixel picture on a 64-pixel design
+    EXPECT_EQ(at(pixels, 4, 40), '-');
+    node->update(1000.0f);
+    frame();
+    pixels = scenePixels();
+    EXPECT_EQ(at(pixels, 4, 16), 'g');
+    EXPECT_EQ(at(pixels, 24, 16), 'r');
 }
