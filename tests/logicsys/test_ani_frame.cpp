@@ -15,6 +15,7 @@
 #include "logicsys/Animate2D/ZuAniFrameNode.h"
 #include "logicsys/Animate2D/ZuAnimateFrame.h"
 #include "logicsys/Animate2D/ZuKeyFrame.h"
+#include "logicsys/Animate2D/ZuScreenAnimateNode.h"
 #include "logicsys/Animate2D/ZuSpriteNode.h"
 #include "logicsys/Animate2D/ZuTexAniNode.h"
 #include "logicsys/Animate2D/ZuTimeLine.h"
@@ -646,4 +647,21 @@ TEST_F(AniFrameTest, AScrollingTextureKeepsItsSizeInTheCornerAndWrapsAsItMoves) 
     pixels = scenePixels();
     EXPECT_EQ(at(pixels, 4, 16), 'g');
     EXPECT_EQ(at(pixels, 24, 16), 'r');
+}
+
+TEST_F(AniFrameTest, TheScreenGridCoversClipSpaceWithTextureCoordinatesToMatch) {
+    auto* grid = dynamic_cast<ZuScreenAnimateNode*>(
+        app->getGlobalMgr()->getNodeMgr()->getCreator()->createNode("ZuScreenAnimateNode", "s", "grid"));
+    ASSERT_NE(grid, nullptr);
+    EXPECT_EQ(grid->getIndexCount(), 32 * 32 * 6);
+    const qz::array<float>& xy = grid->getPositions();
+    const qz::array<float>& uv = grid->getTexcoords();
+    ASSERT_EQ(xy.size(), static_cast<uint32_t>(2 * grid->getIndexCount()));
+    float low = 1, high = -1;
+    for (uint32_t i = 0; i < xy.size(); ++i) {
+        low = std::min(low, xy[i]), high = std::max(high, xy[i]);
+        EXPECT_FLOAT_EQ(uv[i], (xy[i] + 1.0f) * 0.5f);
+    }
+    EXPECT_EQ(low, -1.0f);
+    EXPECT_EQ(high, 1.0f);
 }
