@@ -13,6 +13,7 @@
 #include "event/ZuEventMgr.h"
 #include "event/ZuTriggerLists.h"
 #include "logicsys/Animate2D/ZuAniFrameNode.h"
+#include "logicsys/Animate2D/ZuBMFontConfiguration.h"
 #include "logicsys/Animate2D/ZuAnimateFrame.h"
 #include "logicsys/Animate2D/ZuKeyFrame.h"
 #include "logicsys/Animate2D/ZuScreenAnimateNode.h"
@@ -664,4 +665,48 @@ TEST_F(AniFrameTest, TheScreenGridCoversClipSpaceWithTextureCoordinatesToMatch) 
     }
     EXPECT_EQ(low, -1.0f);
     EXPECT_EQ(high, 1.0f);
+}
+
+TEST_F(AniFrameTest, ABitmapFontFileIsReadAndItsCutLinesAreLogged) {
+    dir.write("font/score.fnt",
+              "info face=\"Score\" size=32 bold=0 padding=1,2,3,4 spacing=1,1\n"
+              "common lineHeight=40 base=30 scaleW=256 scaleH=256 pages=1\n"
+              "page id=0 file=\"score.png\"\n"
+              "chars count=3\n"
+              "char id=48 x=2 y=4 width=20 height=30 xoffset=1 yoffset=-2 xadvance=22 page=0\n"
+              "char id=49 x=24 y=4 width=12 height=30 xoff\n"
+              "char x=1\n"
+              "kerning first=48 second=49 amount=-3\n"
+              "kerning first=49 sec\n" +
+                  std::string(600, 'z') + "\n");
+    LogCapture capture;
+    ZuBMFontConfiguration* font = ZuBMFontConfiguration::create(app, (dir.path() + "font/score.fnt").c_str());
+    ASSERT_NE(font, nullptr);
+    EXPECT_EQ(font->getDefFontSize(), 32);
+    EXPECT_EQ(font->getCommonHeight(), 40);
+    EXPECT_EQ(font->getPadding(3), 4);
+    EXPECT_EQ(font->getAtlasName(), (dir.path() + "font/score.png").c_str());
+    EXPECT_EQ(font->getCharCount(), 2);
+    const _BMFontDef* zero = font->getBMFontDef('0');
+    ASSERT_NE(zero, nullptr);
+    EXPECT_EQ(zero->width, 20.0f);
+    EXPECT_EQ(zero->yOffset, -2);
+    EXPECT_EQ(zero->xAdvance, 22);
+    const _BMFontDef* one = font->getBMFontDef('1');
+    ASSERT_NE(one, nullptr);
+    EXPECT_EQ(one->width, 12.0f);
+    EXPECT_EQ(one->xOffset, 0);  // cut off before its value
+    EXPECT_FALSE(font->isExist('2'));
+    EXPECT_EQ(font->getKerning('0', '1'), -3);
+    EXPECT_EQ(capture.count("line 6: glyph 49 cut short", ZU_LOG_WARN), 1);
+    EXPECT_EQ(capture.count("line 7: \"char\" without an id", ZU_LOG_WARN), 1);
+    EXPECT_EQ(capture.count("line 9: kerning pair cut short", ZU_LOG_WARN), 1);
+    font->release();
+
+    // No glyph, or no file: no font.
+    dir.write("font/empty.fnt", "info face=\"x\" size=0\nchars count=0\n");
+    EXPECT_EQ(ZuBMFontConfiguration::create(app, (dir.path() + "font/empty.fnt").c_str()), nullptr);
+    EXPECT_EQ(ZuBMFontConfiguration::create(app, (dir.path() + "font/none.fnt").c_str()), nullptr);
+    EXPECT_EQ(capture.count("no \"char\" line", ZU_LOG_WARN), 1);
+    EXPECT_EQ(capture.count("file not found", ZU_LOG_WARN), 1);
 }
