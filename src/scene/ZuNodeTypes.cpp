@@ -23,6 +23,7 @@
 #include "node/camera/ZuSeparationBackgroundExtTextureNode.h"
 #include "node/camera/ZuSeparationBackgroundNode.h"
 #include "logicsys/Animate2D/ZuAniFrameNode.h"
+#include "logicsys/Animate2D/ZuBitFontNode.h"
 #include "logicsys/Animate2D/ZuScreenAnimateNode.h"
 #include "logicsys/Animate2D/ZuSpriteNode.h"
 #include "logicsys/Animate2D/ZuTexAniNode.h"
@@ -48,6 +49,7 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuSoundNode", zuCreateNodeOfType<ZuSoundNode>);
     creator->registCreateFunc("ZuAniFrameNode", zuCreateNodeOfType<ZuAniFrameNode>);
     creator->registCreateFunc("ZuSpriteNode", zuCreateNodeOfType<ZuSpriteNode>);
+    creator->registCreateFunc("ZuBitFontNode", zuCreateNodeOfType<ZuBitFontNode>);
     creator->registCreateFunc("ZuTexAniNode", zuCreateNodeOfType<ZuTexAniNode>);
     creator->registCreateFunc("ZuScreenAnimateNode", zuCreateNodeOfType<ZuScreenAnimateNode>);
     creator->registCreateFunc("ZuFacePointNode", zuCreateNodeOfType<ZuFacePointNode>);

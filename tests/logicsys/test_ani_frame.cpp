@@ -14,6 +14,7 @@
 #include "event/ZuTriggerLists.h"
 #include "logicsys/Animate2D/ZuAniFrameNode.h"
 #include "logicsys/Animate2D/ZuBMFontConfiguration.h"
+#include "logicsys/Animate2D/ZuBitFontNode.h"
 #include "logicsys/Animate2D/ZuAnimateFrame.h"
 #include "logicsys/Animate2D/ZuKeyFrame.h"
 #include "logicsys/Animate2D/ZuScreenAnimateNode.h"
@@ -709,4 +710,65 @@ TEST_F(AniFrameTest, ABitmapFontFileIsReadAndItsCutLinesAreLogged) {
     EXPECT_EQ(ZuBMFontConfiguration::create(app, (dir.path() + "font/none.fnt").c_str()), nullptr);
     EXPECT_EQ(capture.count("no \"char\" line", ZU_LOG_WARN), 1);
     EXPECT_EQ(capture.count("file not found", ZU_LOG_WARN), 1);
+}
+
+TEST_F(AniFrameTest, ABitFontScoreDrawsItsDigitsHidesUnusedPlacesAndKeepsItsAnchor) {
+    // A strip of 16 cells of 4 pixels: "0" green, "1" red, the rest blue.
+    std::vector<uint8_t> strip;
+    for (int y = 0; y < 4; ++y)
+        for (int x = 0; x < 64; ++x) {
+            const int cell = x / 4;
+            const uint8_t px[4] = {static_cast<uint8_t>(cell == 1 ? 255 : 0), static_cast<uint8_t>(cell == 0 ? 255 : 0),
+                                   static_cast<uint8_t>(cell > 1 ? 255 : 0), 255};
+            strip.insert(strip.end(), px, px + 4);
+        }
+    ZuPngWriter writer(app);
+    ASSERT_EQ(writer.write((dir.path() + "digits.png").c_str(), 64, 4, strip.data()), 1);
+    auto* font = dynamic_cast<ZuBitFontNode*>(
+        app->getGlobalMgr()->getNodeMgr()->getCreator()->createNode("ZuBitFontNode", "s", "score"));
+    ASSERT_NE(font, nullptr);
+    font->init((dir.path() + "digits.png").c_str(), 8.0f);
+    font->setPositionX(20.0f, 20.0f, 0.0f);
+    scene->addChild(font);
+    // Bounding boxes of the reddest and greenest pixels.
+    auto boxes = [&]() {
+        const std::vector<uint8_t> pixels = scenePixels();
+        std::vector<int> red = {kSize, kSize, -1, -1}, green = {kSize, kSize, -1, -1};
+        for (int y = 0; y < kSize; ++y)
+            for (int x = 0; x < kSize; ++x) {
+                const uint8_t* p = &pixels[(static_cast<size_t>(y) * kSize + x) * 4];
+                std::vector<int>* box = p[0] > 200 && p[1] < 60 ? &red : p[1] > 200 && p[0] < 60 ? &green : nullptr;
+                if (!box) continue;
+                (*box)[0] = std::min((*box)[0], x), (*box)[1] = std::min((*box)[1], y);
+                (*box)[2] = std::max((*box)[2], x), (*box)[3] = std::max((*box)[3], y);
+            }
+        return std::make_pair(red, green);
+    };
+    // Cell edges blend with the neighbouring glyph on the strip: a pixel of slack.
+    auto near = [](const std::vector<int>& got, const std::vector<int>& want) {
+        for (int i = 0; i < 4; ++i)
+            if (std::abs(got[i] - want[i]) > 1) return false;
+        return true;
+    };
+    font->setText(10);
+    frame();
+    auto drawn = boxes();
+    EXPECT_TRUE(near(drawn.first, {20, 20, 27, 27}));
+    EXPECT_TRUE(near(drawn.second, {28, 20, 35, 27}));
+
+    font->setText("12345678901");  // eleven characters: the last text stays
+    EXPECT_EQ(font->getText(), "10");
+    font->setText("1");  // the second place collapses
+    frame();
+    drawn = boxes();
+    EXPECT_TRUE(near(drawn.first, {20, 20, 27, 27}));
+    EXPECT_EQ(drawn.second[2], -1);
+
+    // Centred: the text's middle stays on the node whatever its length.
+    font->setAtcPt(BITFONT_ATCH_CC);
+    font->setText("10");
+    frame();
+    drawn = boxes();
+    EXPECT_TRUE(near(drawn.first, {12, 16, 19, 23}));
+    EXPECT_TRUE(near(drawn.second, {20, 16, 27, 23}));
 }
