@@ -23,6 +23,7 @@
 #include "node/camera/ZuSeparationBackgroundExtTextureNode.h"
 #include "node/camera/ZuSeparationBackgroundNode.h"
 #include "logicsys/Animate2D/ZuAniFrameNode.h"
+#include "logicsys/Animate2D/ZuBMFontNode.h"
 #include "logicsys/Animate2D/ZuBitFontNode.h"
 #include "logicsys/Animate2D/ZuScreenAnimateNode.h"
 #include "logicsys/Animate2D/ZuSpriteNode.h"
@@ -50,6 +51,7 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuAniFrameNode", zuCreateNodeOfType<ZuAniFrameNode>);
     creator->registCreateFunc("ZuSpriteNode", zuCreateNodeOfType<ZuSpriteNode>);
     creator->registCreateFunc("ZuBitFontNode", zuCreateNodeOfType<ZuBitFontNode>);
+    creator->registCreateFunc("ZuBMFontNode", zuCreateNodeOfType<ZuBMFontNode>);
     creator->registCreateFunc("ZuTexAniNode", zuCreateNodeOfType<ZuTexAniNode>);
     creator->registCreateFunc("ZuScreenAnimateNode", zuCreateNodeOfType<ZuScreenAnimateNode>);
     creator->registCreateFunc("ZuFacePointNode", zuCreateNodeOfType<ZuFacePointNode>);

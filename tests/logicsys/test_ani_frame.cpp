@@ -14,6 +14,7 @@
 #include "event/ZuTriggerLists.h"
 #include "logicsys/Animate2D/ZuAniFrameNode.h"
 #include "logicsys/Animate2D/ZuBMFontConfiguration.h"
+#include "logicsys/Animate2D/ZuBMFontNode.h"
 #include "logicsys/Animate2D/ZuBitFontNode.h"
 #include "logicsys/Animate2D/ZuAnimateFrame.h"
 #include "logicsys/Animate2D/ZuKeyFrame.h"
@@ -771,4 +772,48 @@ TEST_F(AniFrameTest, ABitFontScoreDrawsItsDigitsHidesUnusedPlacesAndKeepsItsAnch
     drawn = boxes();
     EXPECT_TRUE(near(drawn.first, {12, 16, 19, 23}));
     EXPECT_TRUE(near(drawn.second, {20, 16, 27, 23}));
+}
+
+TEST_F(AniFrameTest, ABitmapFontLineDrawsItsGlyphsAtTheFontSizeAskedFor) {
+    // Page 16 x 8: "A" red on the left, "B" green on the right.
+    std::vector<uint8_t> page;
+    for (int y = 0; y < 8; ++y)
+        for (int x = 0; x < 16; ++x) {
+            const uint8_t px[4] = {static_cast<uint8_t>(x < 8 ? 255 : 0), static_cast<uint8_t>(x < 8 ? 0 : 255), 0, 255};
+            page.insert(page.end(), px, px + 4);
+        }
+    dir.write("bm/ab.fnt", "info face=\"ab\" size=8\ncommon lineHeight=8\npage id=0 file=\"ab.png\"\n"
+                           "char id=65 x=0 y=0 width=8 height=8 xoffset=0 yoffset=0 xadvance=8\n"
+                           "char id=66 x=8 y=0 width=8 height=8 xoffset=0 yoffset=0 xadvance=8\n");
+    dir.write("bm/zero.fnt", "info face=\"z\" size=0\npage id=0 file=\"ab.png\"\n"
+                             "char id=65 x=0 y=0 width=8 height=8 xoffset=0 yoffset=0 xadvance=8\n");
+    ZuPngWriter writer(app);
+    ASSERT_EQ(writer.write((dir.path() + "bm/ab.png").c_str(), 16, 8, page.data()), 1);
+    auto make = [&](const char* file) {
+        auto* node = dynamic_cast<ZuBMFontNode*>(
+            app->getGlobalMgr()->getNodeMgr()->getCreator()->createNode("ZuBMFontNode", "s", file));
+        node->init((dir.path() + "bm/" + file).c_str());
+        node->setPositionX(10.0f, 10.0f, 0.0f);
+        scene->addChild(node);
+        return node;
+    };
+    ZuBMFontNode* line = make("ab.fnt");
+    LogCapture capture;
+    line->setText("AB\xE4");  // a character cut by the end is dropped
+    EXPECT_EQ(line->getGlyphCount(), 2);
+    EXPECT_EQ(capture.count("broken character", ZU_LOG_WARN), 1);
+    frame();
+    EXPECT_EQ(redBox(scenePixels()), (std::vector<int>{10, 10, 17, 17}));
+    line->setFontSize(16);
+    frame();
+    const std::vector<int> doubled = redBox(scenePixels());
+    EXPECT_NEAR(doubled[0], 10, 1);
+    EXPECT_NEAR(doubled[2], 25, 1);
+    EXPECT_NEAR(doubled[3], 25, 1);
+    line->setVisible(false);
+
+    ZuBMFontNode* zero = make("zero.fnt");
+    zero->setText("A");
+    frame();
+    EXPECT_EQ(redBox(scenePixels())[0], -1);
 }
