@@ -792,12 +792,14 @@ TEST_F(AniFrameTest, ABitmapFontLineDrawsItsGlyphsAtTheFontSizeAskedFor) {
     auto make = [&](const char* file) {
         auto* node = dynamic_cast<ZuBMFontNode*>(
             app->getGlobalMgr()->getNodeMgr()->getCreator()->createNode("ZuBMFontNode", "s", file));
+        if (!node) return node;
         node->init((dir.path() + "bm/" + file).c_str());
         node->setPositionX(10.0f, 10.0f, 0.0f);
         scene->addChild(node);
         return node;
     };
     ZuBMFontNode* line = make("ab.fnt");
+    ASSERT_NE(line, nullptr);
     LogCapture capture;
     line->setText("AB\xE4");  // a character cut by the end is dropped
     EXPECT_EQ(line->getGlyphCount(), 2);
@@ -813,6 +815,7 @@ TEST_F(AniFrameTest, ABitmapFontLineDrawsItsGlyphsAtTheFontSizeAskedFor) {
     line->setVisible(false);
 
     ZuBMFontNode* zero = make("zero.fnt");
+    ASSERT_NE(zero, nullptr);
     zero->setText("A");
     frame();
     EXPECT_EQ(redBox(scenePixels())[0], -1);
