@@ -1,5 +1,6 @@
 #include "parse/ZuParseItemTypes.h"
 
+#include "parse/ZuParse2DAni.h"
 #include "parse/ZuParseGatherFilter.h"
 #include "parse/ZuParseEffectFilter.h"
 #include "parse/ZuParseFaceBeautify.h"
@@ -11,6 +12,7 @@ void registerBuiltinItemTypes(ZuParseMgr* mgr, const CfgFilter& filter) {
     mgr->registDictionary("timeout", ZuParseTimeOut::parseTimeOut);
     if (CfgFilter::isOn(filter.gather)) mgr->registDictionary("filterGather", ZuParseGatherFilter::parseGatherFilter);
     mgr->registDictionary("faceBeautify", ZuParseFaceBeautify::parseFaceBeautify);
+    mgr->registDictionary("anim", ZuParse2DAni::parse2DAni);
     mgr->registDictionary("EffectFilter", ZuParseEffectFilter::parseEffectFilter);
     if (CfgFilter::isOn(filter.audio)) mgr->registDictionary("audio", ZuParseSound::parseSound);
 }

@@ -22,6 +22,12 @@
 #include "node/output/ZuInputFboRenderNode.h"
 #include "node/camera/ZuSeparationBackgroundExtTextureNode.h"
 #include "node/camera/ZuSeparationBackgroundNode.h"
+#include "logicsys/Animate2D/ZuAniFrameNode.h"
+#include "logicsys/Animate2D/ZuBMFontNode.h"
+#include "logicsys/Animate2D/ZuBitFontNode.h"
+#include "logicsys/Animate2D/ZuScreenAnimateNode.h"
+#include "logicsys/Animate2D/ZuSpriteNode.h"
+#include "logicsys/Animate2D/ZuTexAniNode.h"
 #include "node/sound/ZuSoundNode.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuScene.h"
@@ -42,6 +48,12 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuDataOutputScaleTexNode", zuCreateNodeOfType<ZuDataOutputScaleTexNode>);
     creator->registCreateFunc("ZuIconNode", zuCreateNodeOfType<ZuIconNode>);
     creator->registCreateFunc("ZuSoundNode", zuCreateNodeOfType<ZuSoundNode>);
+    creator->registCreateFunc("ZuAniFrameNode", zuCreateNodeOfType<ZuAniFrameNode>);
+    creator->registCreateFunc("ZuSpriteNode", zuCreateNodeOfType<ZuSpriteNode>);
+    creator->registCreateFunc("ZuBitFontNode", zuCreateNodeOfType<ZuBitFontNode>);
+    creator->registCreateFunc("ZuBMFontNode", zuCreateNodeOfType<ZuBMFontNode>);
+    creator->registCreateFunc("ZuTexAniNode", zuCreateNodeOfType<ZuTexAniNode>);
+    creator->registCreateFunc("ZuScreenAnimateNode", zuCreateNodeOfType<ZuScreenAnimateNode>);
     creator->registCreateFunc("ZuFacePointNode", zuCreateNodeOfType<ZuFacePointNode>);
     creator->registCreateFunc("ZuFaceRectNote", zuCreateNodeOfType<ZuFaceRectNote>);
     creator->registCreateFunc("ZuFaceAxis", zuCreateNodeOfType<ZuFaceAxis>);

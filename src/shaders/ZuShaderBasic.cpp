@@ -197,6 +197,10 @@ void main() {
 
 // A texture that scrolls: uOffset (kept in 0 to 1 by the material) moves the
 // coordinate, and one wrap brings it back into the image.
+// Flip-book frames: one textured quad, premultiplied alpha.
+const char* const sv_animateFrame = QZ_TEXTURED_VERTEX;
+const char* const sf_animateFrame = QZ_TEXTURED_FRAGMENT;
+
 const char* const sv_texAni = QZ_TEXTURED_VERTEX;
 const char* const sf_texAni = QZ_FRAGMENT_PRECISION R"(
 uniform sampler2D aTexture0;

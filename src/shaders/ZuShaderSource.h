@@ -54,6 +54,8 @@ extern const char* const sv_screencolor;
 extern const char* const sf_screencolor;
 extern const char* const sv_texAni;
 extern const char* const sf_texAni;
+extern const char* const sv_animateFrame;
+extern const char* const sf_animateFrame;
 
 // Colour passes over the scene picture: tone curves, named looks, run-time curves.
 extern const char* const sv_ToneCurveFilter;

@@ -44,6 +44,7 @@ const Row kRows[] = {
     {"debugFacePt", sv_debugFacePt, sf_debugFacePt},
     {"screencolor", sv_screencolor, sf_screencolor},
     {"texAni", sv_texAni, sf_texAni},
+    {"animateFrame", sv_animateFrame, sf_animateFrame},
     // Colour passes: the picture so far in aTexture0, tables in the other slots.
     {"ToneCurveFilter", sv_ToneCurveFilter, sf_ToneCurveFilter},
     {"screenexpand", sv_screennor, sf_screenexpand},
