@@ -100,6 +100,22 @@ TEST_F(FilterTest, AnOuterFilterDrawsOnlyWithAMaterialAndKeepsOneReference) {
     frame();
     EXPECT_NE(picture(), base);
     EXPECT_EQ(curves->getTexId(1), 0u);
+
+    // Once the curve image is in the cache the pass samples it, and keeps it
+    // alive across the cache's clean-ups though nothing else holds it.
+    std::vector<uint8_t> invert(256 * 4);
+    for (int i = 0; i < 256; ++i) {
+        for (int c = 0; c < 3; ++c) invert[i * 4 + c] = static_cast<uint8_t>(255 - i);
+        invert[i * 4 + 3] = 255;
+    }
+    ZuTexMgr* textures = app->getGlobalMgr()->getTexMgr();
+    ASSERT_NE(textures->createNullTextureWithData("Chuxia.asv", 256, 1, GL_RGBA, GL_RGBA, invert.data()), nullptr);
+    for (int i = 0; i < 4; ++i) frame();
+    EXPECT_TRUE(textures->hasTexture("Chuxia.asv"));
+    Bytes expected = base;
+    for (size_t i = 0; i < expected.size(); ++i)
+        if (i % 4 != 3) expected[i] = static_cast<uint8_t>(255 - base[i]);
+    EXPECT_LE(maxDifference(picture(), expected), 2);
 }
 
 TEST_F(FilterTest, MultiMaterialHolderIgnoresNullAndReleasesWhatItHeld) {
