@@ -39,5 +39,6 @@ void ZuBgRenderNode::update(float dt) {
 }
 
 void ZuBgRenderNode::render() {
+    if (!isVisible()) return;
     if (ZuRenderObject* object = getRenderObject()) object->pushCmd(getActiveRenderScene(), RS_BG_RENDER, "bg_render");
 }

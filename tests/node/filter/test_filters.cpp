@@ -118,6 +118,40 @@ TEST_F(FilterTest, AnOuterFilterDrawsOnlyWithAMaterialAndKeepsOneReference) {
     EXPECT_LE(maxDifference(picture(), expected), 2);
 }
 
+// A hidden pass records nothing, not even its swap: the frame is the frame
+// without it, byte for byte, and showing it again brings the pass back.
+TEST_F(FilterTest, HiddenPassesLeaveThePictureAsItWas) {
+    std::vector<char> invert = invertingTable();
+    auto* gather = addNode<ZuFilterNode>("ZuFilterNode", "gather");
+    ASSERT_NE(gather, nullptr);
+    gather->setFilter(1.0f, 0.0f, invert.data(), nullptr, nullptr);
+    auto* look = addNode<ZuBeauFilterNode>("ZuBeauFilterNode", "new3");
+    ASSERT_NE(look, nullptr);
+    look->setFilterType(ZUBEAUFILTER_NEW3);
+    ASSERT_TRUE(waitFor([&] {
+        for (int i = 0; i < ZuBeauFilterNode::kImages; ++i)
+            if (look->getFilterTex(i) && !look->getFilterTex(i)->getbLoad()) return false;
+        return true;
+    }));
+    auto* outer = addNode<ZuFilterOutter>("ZuFilterOutter", "outer");
+    ASSERT_NE(outer, nullptr);
+    auto* curves = new ZuMaterialToneCurves(app);
+    curves->init();
+    outer->setMaterial(curves);
+    curves->release();
+
+    ZuNode* passes[] = {gather, look, outer};
+    for (ZuNode* pass : passes) pass->setVisible(false);
+    for (ZuNode* pass : passes) {
+        pass->setVisible(true);
+        frame();
+        EXPECT_NE(picture(), base) << pass->getname().c_str() << " draws when shown";
+        pass->setVisible(false);
+        frame();
+        EXPECT_EQ(picture(), base) << pass->getname().c_str() << " drew while hidden";
+    }
+}
+
 TEST_F(FilterTest, MultiMaterialHolderIgnoresNullAndReleasesWhatItHeld) {
     auto* holder = addNode<ZuFilterMultiMaterial>("ZuFilterMultiMaterial", "holder");
     ASSERT_NE(holder, nullptr);
