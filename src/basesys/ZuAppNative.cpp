@@ -246,7 +246,7 @@ void ZuAppNative::setActionLocation(int id, float x, float y) {
     event->resUID = id;
     event->x = x;
     event->y = y;
-    events->pushEvent(event);
+    if (!events->pushEvent(event)) event->release();
 }
 
 void ZuAppNative::setScale(const char* name, int id, float value) {
@@ -255,7 +255,7 @@ void ZuAppNative::setScale(const char* name, int id, float value) {
     ZuScaleEvent* event = new ZuScaleEvent(name ? name : "");
     event->id = id;
     event->value = value;
-    events->pushEvent(event);
+    if (!events->pushEvent(event)) event->release();
 }
 
 ZuDataTransNode* ZuAppNative::transNode(const char* nodeName, bool needRunning) const {

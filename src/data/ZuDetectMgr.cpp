@@ -54,5 +54,7 @@ void ZuDetectMgr::pushData(const char* sceneName, const void* record, int length
     }
     if (!accepted) return;
     ZuEventMgr* events = app && app->getGlobalMgr() ? app->getGlobalMgr()->getEventMgr() : nullptr;
-    if (events) events->pushEvent(new ZuEvent("", ZU_EVENT_DETECT_ARRIVED));
+    if (!events) return;
+    ZuEvent* event = new ZuEvent("", ZU_EVENT_DETECT_ARRIVED);
+    if (!events->pushEvent(event)) event->release();
 }

@@ -23,18 +23,12 @@ void ZuEventMgr::destroy() {
     clearAllEvent();
 }
 
-void ZuEventMgr::pushEvent(ZuEvent* event) {
-    if (!event) return;
-    {
-        ZuLockGuard hold(m_poolLock);
-        if (m_writePool) {
-            m_writePool->push_back(event);
-            return;
-        }
-    }
-    // After destroy the manager takes nothing; the event is dropped rather
-    // than leaked, since the sender has already handed its reference over.
-    event->release();
+bool ZuEventMgr::pushEvent(ZuEvent* event) {
+    if (!event) return false;
+    ZuLockGuard hold(m_poolLock);
+    if (!m_writePool) return false;
+    m_writePool->push_back(event);
+    return true;
 }
 
 void ZuEventMgr::pushEventToSecondPool(ZuEvent* event) {
@@ -54,6 +48,11 @@ void ZuEventMgr::unregistProcer(ZuEventProc* proc) {
     for (uint32_t i = 0; i < m_receivers.size(); ++i) {
         if (m_receivers[i] == proc) {
             m_receivers.erase(i);
+            for (uint32_t c = 0; c < m_cursors.size(); ++c) {
+                Cursor* cursor = m_cursors[c];
+                if (i < cursor->next) --cursor->next;
+                if (i < cursor->end) --cursor->end;
+            }
             proc->release();
             return;
         }
@@ -69,20 +68,20 @@ bool ZuEventMgr::hasRegist(ZuEventProc* proc) {
 
 void ZuEventMgr::procEvent(ZuEvent* event) {
     if (!event) return;
-    uint32_t i = 0;
-    while (i < m_receivers.size()) {
-        ZuEventProc* proc = m_receivers[i];
+    // Receivers appended during the walk lie at or past the end taken here.
+    Cursor cursor{0, m_receivers.size()};
+    m_cursors.push_back(&cursor);
+    while (cursor.next < cursor.end) {
+        ZuEventProc* proc = m_receivers[cursor.next++];
         // Held while it runs, so a receiver may unregister or delete itself
         // (and its package) from inside its own handler.
         proc->retain();
         bool passOn = proc->procEvent(event);
-        // If the receiver left the array during its handler, the next one has
-        // moved into slot i: don't step past it.
-        bool stillHere = i < m_receivers.size() && m_receivers[i] == proc;
         proc->release();
-        if (!passOn) return;
-        if (stillHere) ++i;
+        if (!passOn) break;
     }
+    // Nested walks finish first, so this one is the last cursor.
+    m_cursors.erase(m_cursors.size() - 1);
 }
 
 ZuEvent* ZuEventMgr::takeFirst(qz::list<ZuEvent*>& pool) {
@@ -115,6 +114,7 @@ void ZuEventMgr::update(float delta) {
 }
 
 void ZuEventMgr::clearAllEventProcer() {
+    for (uint32_t c = 0; c < m_cursors.size(); ++c) m_cursors[c]->next = m_cursors[c]->end = 0;
     for (uint32_t i = 0; i < m_receivers.size(); ++i) m_receivers[i]->release();
     m_receivers.clear();
 }

@@ -25,15 +25,19 @@ public:
     void destroy();
     void reset();
 
-    // Takes over the sender's reference. Dropped (and released) after destroy.
-    void pushEvent(ZuEvent* event);
+    // Takes over the sender's reference and returns true. After destroy it
+    // takes nothing and returns false: the event stays with its sender, who
+    // must release it.
+    bool pushEvent(ZuEvent* event);
     void pushEventToSecondPool(ZuEvent* event);
 
     void registProcer(ZuEventProc* proc);
     void unregistProcer(ZuEventProc* proc);
     bool hasRegist(ZuEventProc* proc);
 
-    // Offers one event to the receivers in registration order.
+    // Offers one event to the receivers in registration order. Only those
+    // registered when the offer starts see it; one that registers meanwhile
+    // takes part from the next event on.
     void procEvent(ZuEvent* event);
     void update(float delta);
 
@@ -43,6 +47,14 @@ public:
     int receiverCount() const { return static_cast<int>(m_receivers.size()); }
 
 private:
+    // Where a running procEvent stands: the next receiver to offer to and the
+    // end of the receivers it started with. Dispatches nest (a handler may
+    // call procEvent), so unregistProcer shifts every open cursor.
+    struct Cursor {
+        uint32_t next;
+        uint32_t end;
+    };
+
     ZuEvent* takeFirst(qz::list<ZuEvent*>& pool);
     static void releaseAll(qz::list<ZuEvent*>& pool);
 
@@ -52,5 +64,6 @@ private:
     qz::list<ZuEvent*>* m_writePool = nullptr;
     qz::list<ZuEvent*> m_secondPool;
     qz::array<ZuEventProc*> m_receivers;
+    qz::array<Cursor*> m_cursors;
     ZuLock m_poolLock;
 };

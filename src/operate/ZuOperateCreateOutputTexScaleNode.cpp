@@ -22,6 +22,6 @@ void ZuOperateCreateOutputTexScaleNode::process(float) {
     if (ZuEventMgr* events = zuop::eventMgr(app)) {
         ZuEvent* notice = new ZuEvent(scene.c_str(), ZU_EVENT_PERSON_NOTICE);
         notice->name = nodeName;
-        events->pushEvent(notice);
+        if (!events->pushEvent(notice)) notice->release();
     }
 }

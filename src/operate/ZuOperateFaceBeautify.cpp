@@ -11,5 +11,5 @@ void ZuOperateFaceBeautify::process(float) {
     event->id = resUID;
     event->resUID = resUID;
     event->v0 = value;
-    events->pushEvent(event);
+    if (!events->pushEvent(event)) event->release();
 }

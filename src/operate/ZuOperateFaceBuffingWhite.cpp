@@ -12,5 +12,5 @@ void ZuOperateFaceBuffingWhite::process(float) {
     event->resUID = resUID;
     event->v0 = smooth;
     event->v1 = white;
-    events->pushEvent(event);
+    if (!events->pushEvent(event)) event->release();
 }

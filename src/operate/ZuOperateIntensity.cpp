@@ -11,5 +11,5 @@ void ZuOperateIntensity::process(float) {
     event->id = resUID;
     event->resUID = resUID;
     event->value = value;
-    events->pushEvent(event);
+    if (!events->pushEvent(event)) event->release();
 }

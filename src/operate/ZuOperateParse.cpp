@@ -41,6 +41,6 @@ void ZuOperateParse::process(float) {
         event->parsedResUID = resUID;
         event->resUID = resUID;
         event->name = path;
-        events->pushEvent(event);
+        if (!events->pushEvent(event)) event->release();
     }
 }

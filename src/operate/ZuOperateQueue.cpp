@@ -117,10 +117,10 @@ bool ZuOperateQueue::procEvent(ZuEvent* event) {
     if (event->type == ZU_EVENT_TIMEOUT) {
         if (!(mode == "loop")) trig = true;
     } else if (event->type == ZU_EVENT_ANIMATE && event->name == "aniStop") {
-        if (!(mode == "timeout") && --maxAnimateNum <= 0) {
-            maxAnimateNum = 0;
-            trig = true;
-        }
+        // Only the stop that brings the count down to 0 ends the effect: a
+        // package without animations (count already 0) goes to -1 and plays
+        // on, so stops from other effects cannot cut it short.
+        if (!(mode == "timeout") && --maxAnimateNum == 0) trig = true;
     } else if (event->type == ZU_EVENT_PARSE && !idle && runningResUID >= 0 &&
                !static_cast<ZuParseEvent*>(event)->success &&
                static_cast<ZuParseEvent*>(event)->parsedResUID == runningResUID) {

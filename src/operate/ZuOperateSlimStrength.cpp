@@ -23,5 +23,5 @@ void ZuOperateSlimStrength::process(float) {
     event->v1 = values[1];
     event->v2 = values[2];
     event->v3 = values[3];
-    events->pushEvent(event);
+    if (!events->pushEvent(event)) event->release();
 }

@@ -58,6 +58,6 @@ void ZuOperateTexLoad::decode() {
     if (events) {
         ZuTextureEvent* event = new ZuTextureEvent("");
         event->textureUid = texture->getuid();
-        events->pushEvent(event);
+        if (!events->pushEvent(event)) event->release();
     }
 }

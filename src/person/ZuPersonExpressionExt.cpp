@@ -433,7 +433,7 @@ void ZuPersonExpressionExt::send(const char* name, int kind, float value, int ex
     event->personID = personID;
     event->value = value;
     event->extra = extra;
-    events->pushEvent(event);
+    if (!events->pushEvent(event)) event->release();
 }
 
 void ZuPersonExpressionExt::sendEvents() {

@@ -141,7 +141,7 @@ void ZuPersonTracker::updateWholeFace(const char* scene, bool whole) {
     ZuPersonEvent* event = new ZuPersonEvent(scene ? scene : "", whole ? kEventWholeFace : kEventNotWholeFace);
     event->name = whole ? "haveWholeFace" : "NotWholeFace";
     event->personID = personID;
-    events->pushEvent(event);
+    if (!events->pushEvent(event)) event->release();
 }
 
 void ZuPersonTracker::baseStep() {

@@ -20,5 +20,5 @@ void ZuDummyNode::update(float delta) {
     event->targetUid = m_resUID;
     event->resUID = m_resUID;
     event->state = 1;
-    events->pushEvent(event);  // the manager owns it from here
+    if (!events->pushEvent(event)) event->release();  // refused after shut-down
 }

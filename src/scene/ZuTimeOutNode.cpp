@@ -40,7 +40,7 @@ void ZuTimeOutNode::update(float delta) {
     ZuTimeOutEvent* event = new ZuTimeOutEvent(ownerScene.c_str());
     event->resUID = m_resUID;
     event->packageResUID = m_resUID;
-    events->pushEvent(event);
+    if (!events->pushEvent(event)) event->release();
 }
 
 bool ZuTimeOutNode::procEvent(ZuEvent* event) {

@@ -261,6 +261,7 @@ TEST_F(PackageTest, CommonKeysActWhateverTheType) {
 
 TEST_F(PackageTest, TheQueuePlaysPackagesOneAfterAnother) {
     config->maxAddQueueNum = 4;  // the default keeps a single waiting effect
+    config->playDeltaTime = 0.0f;  // no pause: an effect ended early shows at once
     ZuOperateQueue* queue = app->getGlobalMgr()->getOperateQueue();
     queue->destroy();
     queue->init();
@@ -286,11 +287,25 @@ TEST_F(PackageTest, TheQueuePlaysPackagesOneAfterAnother) {
     ASSERT_TRUE(waitFor([&] { return nodes->getNode("q2") != nullptr; }));
     EXPECT_EQ(queue->getExitMode(), "timeoutAndLoop");
 
+    // q2 has no animations: a stop heard from some other effect takes its
+    // count below 0 and does not end it; its time-out still does.
+    std::string third = package("q3", R"({"param": [{"type": "sticker", "id": "q3"}]})");
+    host->addEffect("s", third.c_str(), 35, 4);
+    stop = new ZuAnimateEvent("s");
+    stop->name = "aniStop";
+    queue->procEvent(stop);
+    stop->release();
+    EXPECT_FALSE(waitFor([&] { return nodes->getNode("q3") != nullptr; }));
+    timeout = new ZuTimeOutEvent("s");
+    queue->procEvent(timeout);
+    timeout->release();
+    ASSERT_TRUE(waitFor([&] { return nodes->getNode("q3") != nullptr; }));
+
     // A package that cannot load does not stall the queue.
     host->addEffect("s", "no-such-package", 33, 2);
     host->addEffect("s", first.c_str(), 34, 3);
     timeout = new ZuTimeOutEvent("s");
-    queue->procEvent(timeout);  // q2 ends
+    queue->procEvent(timeout);  // q3 ends
     timeout->release();
     {
         LogCapture quiet;

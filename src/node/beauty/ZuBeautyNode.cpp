@@ -87,6 +87,7 @@ void ZuBeautyNode::update(float dt) {
 }
 
 void ZuBeautyNode::render() {
+    if (!isVisible()) return;
     if (!active || !material || !material->getProgram() || !grid) return;
     ZuPerson* person = ZuNodePerson::of(this);
     if (!person || person->getExistState() != 1 || !person->getTracker()) return;

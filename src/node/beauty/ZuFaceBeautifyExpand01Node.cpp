@@ -45,6 +45,7 @@ void ZuFaceBeautifyExpand01Node::update(float dt) {
 }
 
 void ZuFaceBeautifyExpand01Node::render() {
+    if (!isVisible()) return;
     if (!material || !material->getProgram() || !ZuNodePerson::trackerOfPresent(this)) return;
     pushPass(RS_FILTER, "FaceBeautifyExpand01 swap", "FaceBeautifyExpand01");
 }

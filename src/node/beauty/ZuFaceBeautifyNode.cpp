@@ -113,6 +113,7 @@ void ZuFaceBeautifyNode::update(float dt) {
 }
 
 void ZuFaceBeautifyNode::render() {
+    if (!isVisible()) return;
     if (!material || !material->getProgram() || !pickObject) return;
     ZuPerson* person = ZuNodePerson::of(this, 1);
     ZuScene* scene = app && app->getGlobalMgr() ? getActiveScene() : nullptr;

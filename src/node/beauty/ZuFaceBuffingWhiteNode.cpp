@@ -72,6 +72,7 @@ void ZuFaceBuffingWhiteNode::update(float dt) {
 }
 
 void ZuFaceBuffingWhiteNode::render() {
+    if (!isVisible()) return;
     // Without a program the draw would be skipped after the swap, losing
     // the picture for the frame: better no pass at all.
     if (!material || !material->getProgram()) return;

@@ -83,6 +83,7 @@ void ZuBackGroundNode::update(float dt) {
 }
 
 void ZuBackGroundNode::render() {
+    if (!isVisible()) return;
     if (!bgTexture) return;
     ZuRenderScene* scene = getActiveRenderScene();
     bgTexture->render(scene, RS_GEN_BACKGROUND, "gen_background");

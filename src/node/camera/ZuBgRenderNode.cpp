@@ -64,6 +64,7 @@ void ZuBgRenderNode::update(float dt) {
 }
 
 void ZuBgRenderNode::render() {
+    if (!isVisible()) return;
     if (copyOnly) {
         copyObject->pushCmd(getActiveRenderScene(), RS_BG_RENDER, "bg_render");
         return;

@@ -65,6 +65,7 @@ void ZuBeauFilterNode::update(float dt) {
 }
 
 void ZuBeauFilterNode::render() {
+    if (!isVisible()) return;
     if (!material || !imagesLoaded()) return;
     pushPass(RS_FILTER, "BeauFilter swap", "BeauFilter render");
 }

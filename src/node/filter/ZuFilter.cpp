@@ -35,7 +35,10 @@ void ZuFilter::update(float dt) {
     if (getRenderObject() && renderMgr) getRenderObject()->setMesh(renderMgr->getRenderData()->meshFull);
 }
 
-void ZuFilter::render() { pushPass(RS_FILTER, "ZuFilter_swap", "ZuFilter"); }
+void ZuFilter::render() {
+    if (!isVisible()) return;  // a hidden pass records nothing, not even its swap
+    pushPass(RS_FILTER, "ZuFilter_swap", "ZuFilter");
+}
 
 ZuFboObject* ZuFilter::currentSceneFbo() const {
     ZuScene* scene = app && app->getGlobalParam() ? app->getGlobalParam()->activeScene : nullptr;

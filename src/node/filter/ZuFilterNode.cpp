@@ -199,6 +199,7 @@ void ZuFilterNode::update(float dt) {
 }
 
 void ZuFilterNode::render() {
+    if (!isVisible()) return;
     if (!material) return;
     pushPass(RS_FILTER, "FilterGather swap", "FilterGather render");
 }

@@ -55,6 +55,7 @@ void ZuFilterOutter::update(float dt) {
 }
 
 void ZuFilterOutter::render() {
+    if (!isVisible()) return;
     ZuScene* scene = app && app->getGlobalParam() ? app->getGlobalParam()->activeScene : nullptr;
     ZuRenderScene* renderScene = scene ? scene->getRenderScene() : nullptr;
     if (!renderScene || !getRenderObject() || !swapObject || !material) return;

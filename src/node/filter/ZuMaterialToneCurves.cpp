@@ -13,5 +13,7 @@ void ZuMaterialToneCurves::update(float dt) {
     setTexture0FBO(scene ? scene->getFbo() : nullptr, false);
     ZuTexMgr* textures = app && app->getGlobalMgr() ? app->getGlobalMgr()->getTexMgr() : nullptr;
     ZuTexture* curves = textures ? textures->getTexture("Chuxia.asv", false) : nullptr;
-    if (curves && curves->getid() > 0) texId[1] = static_cast<unsigned>(curves->getid());
+    // Held in the slot, not just named: the cache frees images nobody holds,
+    // and the refresh then waits for the image to be loaded and committed.
+    if (curves) setTexture1(curves);
 }

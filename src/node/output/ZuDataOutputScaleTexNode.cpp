@@ -82,6 +82,7 @@ void ZuDataOutputScaleTexNode::update(float dt) {
 }
 
 void ZuDataOutputScaleTexNode::render() {
+    if (!isVisible()) return;
     if (!fbo || !fboBegin || !fboEnd || !copyObject) return;
     ZuRenderScene* scene = getActiveRenderScene();
     if (!scene) return;

@@ -103,6 +103,7 @@ void ZuDataOutputTexNode::update(float dt) {
 }
 
 void ZuDataOutputTexNode::render() {
+    if (!isVisible()) return;
     if (!fbo || !fboBegin || !fboEnd || !copyObject) return;
     ZuRenderScene* scene = getActiveRenderScene();
     if (!scene) return;

@@ -160,6 +160,7 @@ void ZuDataTransNode::update(float dt) {
 }
 
 void ZuDataTransNode::render() {
+    if (!isVisible()) return;
     // Without a format there is no target: a read would fetch whatever is bound.
     if (intercept || !fbo || !fboBegin || !fboEnd) return;
     ZuRenderScene* scene = getActiveRenderScene();

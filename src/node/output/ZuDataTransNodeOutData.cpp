@@ -105,6 +105,7 @@ void ZuDataTransNodeOutData::update(float dt) {
 }
 
 void ZuDataTransNodeOutData::render() {
+    if (!isVisible()) return;
     if (!fbo || !fboBegin || !fboEnd || !readObject || !convertMaterial || !angleObject || !cache) return;
     ZuRenderScene* scene = getActiveRenderScene();
     if (!scene) return;

@@ -84,6 +84,7 @@ void ZuIconNode::update(float dt) {
 }
 
 void ZuIconNode::render() {
+    if (!isVisible()) return;
     ZuRenderObject* object = getRenderObject();
     if (!fbo || !fboBegin || !fboEnd || !object || !material) return;
     ZuRenderScene* scene = getActiveRenderScene();

@@ -67,6 +67,7 @@ void ZuInputFboRenderNode::update(float dt) {
 }
 
 void ZuInputFboRenderNode::render() {
+    if (!isVisible()) return;
     if (!fbo || !beginObject || !endObject) return;
     ZuRenderScene* scene = getActiveRenderScene();
     beginObject->pushCmd(scene, RS_INPUT_FBO, "animojiModelRender");

@@ -4,6 +4,17 @@
 
 #include <GLES3/gl3.h>
 
+ZuRenderCmdFboBlit::ZuRenderCmdFboBlit(ZuFboObject* dest, ZuFboObject* src, int width, int height)
+    : destFbo(dest), srcFbo(src), width(width), height(height) {
+    if (destFbo) destFbo->retain();
+    if (srcFbo) srcFbo->retain();
+}
+
+ZuRenderCmdFboBlit::~ZuRenderCmdFboBlit() {
+    if (destFbo) destFbo->release();
+    if (srcFbo) srcFbo->release();
+}
+
 void ZuRenderCmdFboBlit::render() {
     if (!destFbo || !srcFbo) return;
     glBindFramebuffer(GL_READ_FRAMEBUFFER, srcFbo->getFboID());

@@ -5,11 +5,12 @@
 class ZuFboObject;
 
 // Copies a rectangle from one framebuffer into another (ES 3), resolving a
-// multisampled source. An incomplete framebuffer skips the copy.
+// multisampled source. An incomplete framebuffer skips the copy. Holds both
+// framebuffers until it has replayed, as the bind command does.
 class ZuRenderCmdFboBlit : public ZuRenderCmd {
 public:
-    ZuRenderCmdFboBlit(ZuFboObject* dest, ZuFboObject* src, int width, int height)
-        : destFbo(dest), srcFbo(src), width(width), height(height) {}
+    ZuRenderCmdFboBlit(ZuFboObject* dest, ZuFboObject* src, int width, int height);
+    ~ZuRenderCmdFboBlit() override;
     void render() override;
 
 private:

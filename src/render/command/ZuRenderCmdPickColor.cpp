@@ -25,5 +25,5 @@ void ZuRenderCmdPickColor::render() {
     ZuPickEvent* event = new ZuPickEvent();
     event->name = nodeName;
     event->pickedUid = static_cast<int>(id);
-    events->pushEvent(event);
+    if (!events->pushEvent(event)) event->release();
 }

@@ -28,7 +28,6 @@ ZuFboObject* ZuFboMgr::lookup(const char* name) {
     if (!name) return nullptr;
     auto* node = fbos.find(qz::string(name));
     if (!node) return nullptr;
-    node->getValue()->setIdleMark(false);
     return node->getValue();
 }
 
@@ -105,14 +104,7 @@ void ZuFboMgr::update(float dt) {
         restart = false;
         for (qz::map<qz::string, ZuFboObject*>::Iterator it(fbos.getRoot()); !it.atEnd(); ++it) {
             ZuFboObject* fbo = it->getValue();
-            if (fbo->count() != 1) {
-                fbo->setIdleMark(false);
-                continue;
-            }
-            if (!fbo->idleMarked()) {
-                fbo->setIdleMark(true);
-                continue;
-            }
+            if (fbo->count() != 1) continue;
             fbos.remove(it.getNode());
             fbo->clear();
             fbo->setOwner(nullptr);

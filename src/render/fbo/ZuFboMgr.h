@@ -10,10 +10,10 @@ class ZuFboObject;
 // an existing entry unchanged, whatever type or size is asked; a new one is
 // returned without an extra reference, so a caller that keeps it retains it.
 //
-// Ageing (update, once per tick): an entry that the pool alone has held
-// through two passes in a row, with no look-up in between, is cleared and
-// freed. Commands recorded this frame borrow framebuffers; waiting one pass
-// means a framebuffer let go during recording survives that frame's replay.
+// Ageing (update, once per tick): an entry that the pool alone holds is
+// cleared and freed. The commands recorded this frame hold the framebuffers
+// they bind or copy until they have replayed, so one let go by its node
+// during recording still survives that frame's replay.
 class ZuFboMgr : public ZuGBase {
 public:
     explicit ZuFboMgr(ZuAppMain* app);

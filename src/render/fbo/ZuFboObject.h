@@ -53,9 +53,6 @@ public:
 
     // Set by the pool that owns the entry; framebuffers return to its first id.
     void setOwner(ZuFboMgr* mgr) { owner = mgr; }
-    // Ageing bookkeeping of ZuFboMgr, as for textures.
-    bool idleMarked() const { return idleMark; }
-    void setIdleMark(bool value) { idleMark = value; }
 
     // True when the engine runs its ES 3 paths (configured GL version, or
     // the current context when there is no configuration).
@@ -84,5 +81,4 @@ protected:
     ZuTexture* mainTex = nullptr;
     ZuTexture* secondTex = nullptr;
     ZuFboMgr* owner = nullptr;
-    bool idleMark = false;
 };

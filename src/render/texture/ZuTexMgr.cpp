@@ -42,10 +42,7 @@ ZuTexture* ZuTexMgr::lookup(const char* name) {
     if (!name) return nullptr;
     auto* node = textures.find(qz::string(name));
     if (!node) return nullptr;
-    ZuTexture* texture = node->getValue();
-    // A look-up hands the object out for this frame: it must survive the next pass.
-    texture->setIdleMark(false);
-    return texture;
+    return node->getValue();
 }
 
 void ZuTexMgr::insert(ZuTexture* texture) { textures.insert(qz::string(texture->getname()), texture); }
@@ -200,14 +197,7 @@ void ZuTexMgr::removeUnuseTexture() {
         restart = false;
         for (qz::map<qz::string, ZuTexture*>::Iterator it(textures.getRoot()); !it.atEnd(); ++it) {
             ZuTexture* texture = it->getValue();
-            if (texture->count() != 1) {
-                texture->setIdleMark(false);
-                continue;
-            }
-            if (!texture->idleMarked()) {
-                texture->setIdleMark(true);
-                continue;
-            }
+            if (texture->count() != 1) continue;
             // Freeing may let go of others (a region its page): walk again.
             textures.remove(it.getNode());
             texture->zudestroy();

@@ -11,11 +11,10 @@ class ZuTextureSet;
 // files on the load thread; the GL texture is made at first use. Everything
 // here runs on the GL thread.
 //
-// Ageing: removeUnuseTexture frees an entry that the cache alone has held
-// through two passes in a row, with no look-up in between. A frame's commands
-// borrow textures that were reachable when they were recorded; the first
-// pass that finds an entry unheld may run before that frame has replayed, so
-// freeing waits for the next pass, after the replay.
+// Ageing: removeUnuseTexture frees an entry that the cache alone holds. A
+// look-up is no hold: whoever samples an image keeps a reference on it (a
+// material's slot, a framebuffer's colour texture), and the commands of a
+// frame hold what they borrow until they have replayed.
 class ZuTexMgr : public ZuGBase {
 public:
     explicit ZuTexMgr(ZuAppMain* app);

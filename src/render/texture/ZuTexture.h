@@ -61,10 +61,6 @@ public:
     // True while a CPU copy waits (or is kept) for upload.
     bool hasData();
 
-    // Ageing bookkeeping of ZuTexMgr: set by a pass that found the manager the
-    // only holder, cleared by every look-up.
-    bool idleMarked() const { return idleMark; }
-    void setIdleMark(bool value) { idleMark = value; }
 
 protected:
     class ZuLiveObjects* live = nullptr;
@@ -100,5 +96,4 @@ protected:
     int storedWidth = 0;
     int storedHeight = 0;
     int storedFormat = 0;
-    bool idleMark = false;
 };

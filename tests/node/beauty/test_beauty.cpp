@@ -303,6 +303,20 @@ TEST_F(BeautyTest, SkinIsSmoothedOtherColoursOnlyWhitened) {
     EXPECT_GT(brighter, 0);
 }
 
+TEST_F(BeautyTest, AHiddenSkinPassDrawsNothing) {
+    config->faceBeautyType = 3;
+    auto* node = addNode<ZuFaceBuffingWhiteNode>("ZuFaceBuffingWhiteNode", "skin");
+    ASSERT_NE(node, nullptr);
+    node->updateSmooth(1.0f);
+    node->updateWhite(0.5f);
+    node->setVisible(false);
+    frame();
+    EXPECT_EQ(picture(), gPicture);
+    node->setVisible(true);
+    frame();
+    EXPECT_NE(picture(), gPicture);
+}
+
 TEST_F(BeautyTest, SmoothZeroPassesThePictureUnchanged) {
     config->faceBeautyType = 2;
     auto* node = addNode<ZuFaceBuffingWhiteNode>("ZuFaceBuffingWhiteNode", "skin");

@@ -100,6 +100,56 @@ TEST_F(FilterTest, AnOuterFilterDrawsOnlyWithAMaterialAndKeepsOneReference) {
     frame();
     EXPECT_NE(picture(), base);
     EXPECT_EQ(curves->getTexId(1), 0u);
+
+    // Once the curve image is in the cache the pass samples it, and keeps it
+    // alive across the cache's clean-ups though nothing else holds it.
+    std::vector<uint8_t> invert(256 * 4);
+    for (int i = 0; i < 256; ++i) {
+        for (int c = 0; c < 3; ++c) invert[i * 4 + c] = static_cast<uint8_t>(255 - i);
+        invert[i * 4 + 3] = 255;
+    }
+    ZuTexMgr* textures = app->getGlobalMgr()->getTexMgr();
+    ASSERT_NE(textures->createNullTextureWithData("Chuxia.asv", 256, 1, GL_RGBA, GL_RGBA, invert.data()), nullptr);
+    for (int i = 0; i < 4; ++i) frame();
+    EXPECT_TRUE(textures->hasTexture("Chuxia.asv"));
+    Bytes expected = base;
+    for (size_t i = 0; i < expected.size(); ++i)
+        if (i % 4 != 3) expected[i] = static_cast<uint8_t>(255 - base[i]);
+    EXPECT_LE(maxDifference(picture(), expected), 2);
+}
+
+// A hidden pass records nothing, not even its swap: the frame is the frame
+// without it, byte for byte, and showing it again brings the pass back.
+TEST_F(FilterTest, HiddenPassesLeaveThePictureAsItWas) {
+    std::vector<char> invert = invertingTable();
+    auto* gather = addNode<ZuFilterNode>("ZuFilterNode", "gather");
+    ASSERT_NE(gather, nullptr);
+    gather->setFilter(1.0f, 0.0f, invert.data(), nullptr, nullptr);
+    auto* look = addNode<ZuBeauFilterNode>("ZuBeauFilterNode", "new3");
+    ASSERT_NE(look, nullptr);
+    look->setFilterType(ZUBEAUFILTER_NEW3);
+    ASSERT_TRUE(waitFor([&] {
+        for (int i = 0; i < ZuBeauFilterNode::kImages; ++i)
+            if (look->getFilterTex(i) && !look->getFilterTex(i)->getbLoad()) return false;
+        return true;
+    }));
+    auto* outer = addNode<ZuFilterOutter>("ZuFilterOutter", "outer");
+    ASSERT_NE(outer, nullptr);
+    auto* curves = new ZuMaterialToneCurves(app);
+    curves->init();
+    outer->setMaterial(curves);
+    curves->release();
+
+    ZuNode* passes[] = {gather, look, outer};
+    for (ZuNode* pass : passes) pass->setVisible(false);
+    for (ZuNode* pass : passes) {
+        pass->setVisible(true);
+        frame();
+        EXPECT_NE(picture(), base) << pass->getname().c_str() << " draws when shown";
+        pass->setVisible(false);
+        frame();
+        EXPECT_EQ(picture(), base) << pass->getname().c_str() << " drew while hidden";
+    }
 }
 
 TEST_F(FilterTest, MultiMaterialHolderIgnoresNullAndReleasesWhatItHeld) {

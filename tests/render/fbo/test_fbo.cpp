@@ -1,3 +1,5 @@
+#include "render/command/ZuRenderCmdFboBind.h"
+#include "render/command/ZuRenderCmdFboBlit.h"
 #include "render/fbo/ZuFboMgr.h"
 #include "render/fbo/ZuFboObject.h"
 #include "render/fbo/ZuMSAAFboObject.h"
@@ -97,27 +99,43 @@ TEST_F(FboTest, NamesAreReusedAndResizingDropsTheSwapTexture) {
     fbo->release();
 }
 
-// Ageing waits one pass after the pool became the only holder, so a
-// framebuffer let go while the frame was recorded outlives the replay.
-TEST_F(FboTest, AgeingFreesAtTheSecondPassAfterTheLastHolderLetGo) {
+// Ageing frees at the next pass what only the pool holds. A framebuffer let
+// go by its node after the node recorded a bind or a copy of it is held by
+// those commands, so it outlives that frame's replay and goes at the pass
+// after it.
+TEST_F(FboTest, AgeingFreesAtTheNextPassWhatNeitherNodesNorCommandsHold) {
     ZuFboObject* held = mgr->createFboTexture("held", 4, 4, false);
     held->retain();
-    mgr->createFboTexture("loose", 4, 4, false);
+    ZuFboObject* source = mgr->createFboTexture("source", 4, 4, false);
+    source->retain();
+    ZuFboObject* loose = mgr->createFboTexture("loose", 4, 4, false);
+    GLuint looseId = loose->getFboID();
+    mgr->getFboTexture("loose");  // a look-up is no hold
     mgr->update(33);
-    EXPECT_NE(mgr->getFboTexture("loose"), nullptr) << "first pass marks; the look-up unmarks";
-    mgr->update(33);
-    EXPECT_NE(mgr->getFboTexture("loose"), nullptr);
-    mgr->update(33);
-    mgr->update(33);
-    EXPECT_EQ(mgr->size(), 1);
+    EXPECT_EQ(mgr->getFboTexture("loose"), nullptr);
+    EXPECT_FALSE(glIsFramebuffer(looseId));
+    EXPECT_EQ(mgr->size(), 2);
 
-    GLuint id = held->getFboID();
-    held->release();  // e.g. a node removed after it recorded its bind
+    // This frame records a bind and a copy, then the node lets both go.
+    source->setClearColor(1, 0, 0, 1);
+    source->bind();
+    source->unbind();
+    ZuRenderCmd* bind = new ZuRenderCmdFboBind(held);
+    ZuRenderCmd* blit = new ZuRenderCmdFboBlit(held, source, 4, 4);
+    GLuint heldId = held->getFboID();
+    held->release();
+    source->release();
     mgr->update(33);
-    EXPECT_TRUE(glIsFramebuffer(id)) << "still usable by this frame's replay";
+    ASSERT_EQ(mgr->size(), 2) << "still usable by this frame's replay";
+    blit->render();
+    bind->release();  // replayed commands are released
+    blit->release();
+    glBindFramebuffer(GL_FRAMEBUFFER, heldId);
+    EXPECT_EQ(pixelAt(0, 0), rgba(255, 0, 0, 255)) << "the copy reached a live target";
+    glBindFramebuffer(GL_FRAMEBUFFER, 0);
     mgr->update(33);
     EXPECT_EQ(mgr->size(), 0);
-    EXPECT_FALSE(glIsFramebuffer(id));
+    EXPECT_FALSE(glIsFramebuffer(heldId));
 }
 
 TEST_F(FboTest, HostFramebuffersAndTexturesAreNeverDeleted) {
