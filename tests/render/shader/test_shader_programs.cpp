@@ -83,6 +83,12 @@ protected:
         glUniform1f(glGetUniformLocation(program, "height"), 64.0f);
         glClearColor(0, 0, 1, 1);
         glClear(GL_COLOR_BUFFER_BIT);
+        // The context is shared by the whole program: a test before this one
+        // may have left blending or culling on.
+        glDisable(GL_BLEND);
+        glDisable(GL_CULL_FACE);
+        glDisable(GL_DEPTH_TEST);
+        glDisable(GL_STENCIL_TEST);
         data->meshFull->render();
         glActiveTexture(GL_TEXTURE0);
     }
