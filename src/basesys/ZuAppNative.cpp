@@ -1,3 +1,4 @@
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppNative.h"
 
 #include "basesys/Camera.h"
@@ -90,7 +91,7 @@ void ZuAppNative::pushCameraData(const char* sceneName, const void* data, ZuData
 }
 
 void ZuAppNative::setAssetsManager(AAssetManager* manager) {
-    if (app && app->getGlobalMgr() && app->getGlobalMgr()->getFileMgr())
+    if (ZuGBase::fileMgrOf(app))
         app->getGlobalMgr()->getFileMgr()->setAssetsManager(manager);
 }
 
@@ -222,7 +223,7 @@ void ZuAppNative::updateSlimStrength(const char* name, int resUID, float value) 
 
 void ZuAppNative::updateSlimStrengthValue(const char* name, int resUID, float v0, float v1, float v2, float v3) {
     // No state test: the host may set strengths before the start.
-    if (app && app->getGlobalMgr() && app->getGlobalMgr()->getOperateMgr())
+    if (ZuGBase::operateMgrOf(app))
         push(new ZuOperateSlimStrength(app, name, resUID, v0, v1, v2, v3));
 }
 
@@ -250,7 +251,7 @@ void ZuAppNative::setActionLocation(int id, float x, float y) {
 }
 
 void ZuAppNative::setScale(const char* name, int id, float value) {
-    ZuEventMgr* events = app && app->getGlobalMgr() ? app->getGlobalMgr()->getEventMgr() : nullptr;
+    ZuEventMgr* events = ZuGBase::eventMgrOf(app);
     if (!events) return;
     ZuScaleEvent* event = new ZuScaleEvent(name ? name : "");
     event->id = id;
@@ -336,7 +337,7 @@ void ZuAppNative::createOutputTextureScaleNode(const char* name, const char* nod
 }
 
 void ZuAppNative::setOutData(const char* nodeName, bool mirror, bool invert) {
-    ZuNodeMgr* nodes = app && app->getGlobalMgr() ? app->getGlobalMgr()->getNodeMgr() : nullptr;
+    ZuNodeMgr* nodes = ZuGBase::nodeMgrOf(app);
     // Checked, unlike the name alone: a node of another class is left alone.
     ZuDataOutputTexNode* node = nodes ? dynamic_cast<ZuDataOutputTexNode*>(nodes->getNode(nodeName)) : nullptr;
     if (!node) return;

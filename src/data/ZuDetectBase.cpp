@@ -1,5 +1,6 @@
 #include "data/ZuDetectBase.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "data/DETECTTYPE.h"
@@ -37,7 +38,7 @@ int ZuDetectBase::regionOf(int n, const Range* side0, int count0, const Range* s
 
 bool ZuDetectBase::copyAndParse(int detectType, const char* sceneName, const void* record, int length,
                                 int (*bodyBytes)(int count)) {
-    ZuDataMgr* dataMgr = app && app->getGlobalMgr() ? app->getGlobalMgr()->getDataMgr() : nullptr;
+    ZuDataMgr* dataMgr = ZuGBase::dataMgrOf(app);
     ZuDataGenFace* gen = dataMgr ? dataMgr->retainFaceGen(detectType) : nullptr;
 
     if (!record) {

@@ -23,7 +23,7 @@ void ZuDetectMgr::init(DETECTTYPE newType) {
         QZLOGW("ZuDetectMgr::init: unknown detect type %d refused", static_cast<int>(newType));
         return;
     }
-    if (app && app->getGlobalMgr() && app->getGlobalMgr()->getConfig())
+    if (config())
         app->getGlobalMgr()->getConfig()->setDetectType(newType);
 
     ZuLockGuard guard(lock);
@@ -53,7 +53,7 @@ void ZuDetectMgr::pushData(const char* sceneName, const void* record, int length
         accepted = detect->pushData(sceneName, record, length);
     }
     if (!accepted) return;
-    ZuEventMgr* events = app && app->getGlobalMgr() ? app->getGlobalMgr()->getEventMgr() : nullptr;
+    ZuEventMgr* events = eventMgr();
     if (!events) return;
     ZuEvent* event = new ZuEvent("", ZU_EVENT_DETECT_ARRIVED);
     if (!events->pushEvent(event)) event->release();

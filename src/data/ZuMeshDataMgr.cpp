@@ -78,7 +78,7 @@ void ZuMeshDataMgr::destory() {
 }
 
 bool ZuMeshDataMgr::readFile(const char* name, qz::string* text) const {
-    ZuFileMgr* files = app && app->getGlobalMgr() ? app->getGlobalMgr()->getFileMgr() : nullptr;
+    ZuFileMgr* files = fileMgr();
     if (!files || !name) return false;
     qz::string path(kMeshDir);
     path += name;

@@ -16,7 +16,7 @@ ZuLogicMgr::~ZuLogicMgr() { clearEftPackNode(); }
 void ZuLogicMgr::destroy() { clearEftPackNode(); }
 
 void ZuLogicMgr::addEftPackNode(float seconds, ZuNode* node, const char* sceneName) {
-    ZuSceneMgr* scenes = app && app->getGlobalMgr() ? app->getGlobalMgr()->getSceneMgr() : nullptr;
+    ZuSceneMgr* scenes = sceneMgr();
     ZuScene* scene = scenes ? scenes->getScene(sceneName) : nullptr;
     if (!scene) return;
     EftPackNode* record = new EftPackNode();

@@ -1,5 +1,6 @@
 #include "operate/ZuOperateGenHeadTexture.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "platform/ZuLog.h"
@@ -9,7 +10,7 @@
 #include <GLES2/gl2.h>
 
 void ZuOperateGenHeadTexture::process(float) {
-    ZuTexMgr* texMgr = app && app->getGlobalMgr() ? app->getGlobalMgr()->getTexMgr() : nullptr;
+    ZuTexMgr* texMgr = ZuGBase::texMgrOf(app);
     if (!texMgr || !pixels) return;
     if (width <= 0 || height <= 0 || static_cast<long long>(width) * height > (1 << 26)) {
         QZLOGW("head picture '%s': size %d x %d refused", name.c_str(), width, height);

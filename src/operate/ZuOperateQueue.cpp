@@ -1,5 +1,6 @@
 #include "operate/ZuOperateQueue.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
@@ -15,7 +16,7 @@ ZuOperateQueue::~ZuOperateQueue() {
 }
 
 void ZuOperateQueue::init() {
-    ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
+    ZuConfig* config = ZuGBase::configOf(app);
     if (config) {
         maxAddQueueNum = config->maxAddQueueNum;
         playDeltaTime = config->playDeltaTime * 1000.0f;
@@ -23,12 +24,12 @@ void ZuOperateQueue::init() {
     elapsed = playDeltaTime;
     if (!lock.isCreated()) lock.create();
     if (!modeLock.isCreated()) modeLock.create();
-    if (ZuEventMgr* events = app && app->getGlobalMgr() ? app->getGlobalMgr()->getEventMgr() : nullptr)
+    if (ZuEventMgr* events = eventMgr())
         events->registProcer(this);
 }
 
 void ZuOperateQueue::destroy() {
-    if (ZuEventMgr* events = app && app->getGlobalMgr() ? app->getGlobalMgr()->getEventMgr() : nullptr)
+    if (ZuEventMgr* events = eventMgr())
         events->unregistProcer(this);
     if (lock.isCreated()) {
         clearOperate();
@@ -97,7 +98,7 @@ void ZuOperateQueue::update(float delta) {
         }
     }
     if (next) {
-        ZuOperateMgr* operates = app && app->getGlobalMgr() ? app->getGlobalMgr()->getOperateMgr() : nullptr;
+        ZuOperateMgr* operates = operateMgr();
         ZuOperateParse* parse = dynamic_cast<ZuOperateParse*>(next);
         runningResUID = parse ? parse->getResUID() : -1;
         // Reset before the hand-over: the load thread may parse the new

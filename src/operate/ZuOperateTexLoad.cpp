@@ -1,5 +1,6 @@
 #include "operate/ZuOperateTexLoad.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "event/ZuEventMgr.h"
@@ -32,7 +33,7 @@ void ZuOperateTexLoad::process(float delta) {
     decoded = true;
     decode();
 
-    ZuOperateMgr* operates = app && app->getGlobalMgr() ? app->getGlobalMgr()->getOperateMgr() : nullptr;
+    ZuOperateMgr* operates = operateMgr();
     if (operates && operates->isLoadThread()) operates->pushOperate(this);
 }
 
@@ -54,7 +55,7 @@ void ZuOperateTexLoad::decode() {
     texture->setData(pixels, loader.getDataSize(), false);
     std::free(pixels);
 
-    ZuEventMgr* events = app && app->getGlobalMgr() ? app->getGlobalMgr()->getEventMgr() : nullptr;
+    ZuEventMgr* events = ZuGBase::eventMgrOf(app);
     if (events) {
         ZuTextureEvent* event = new ZuTextureEvent("");
         event->textureUid = texture->getuid();

@@ -1,5 +1,6 @@
 #include "operate/ZuSceneVisible.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "operate/ZuOperateSceneAccess.h"
@@ -10,7 +11,7 @@
 void ZuSceneVisible::process(float) { apply(app, name.c_str(), visible); }
 
 void ZuSceneVisible::apply(ZuAppMain* app, const char* name, bool visible) {
-    ZuRenderMgr* renderMgr = app && app->getGlobalMgr() ? app->getGlobalMgr()->getRenderMgr() : nullptr;
+    ZuRenderMgr* renderMgr = ZuGBase::renderMgrOf(app);
     if (ZuRenderScene* renderScene = renderMgr ? renderMgr->getRenderScene(name) : nullptr)
         renderScene->setVisible(visible);
     if (ZuScene* scene = zuop::scene(app, name)) scene->setVisible(visible);

@@ -1,5 +1,6 @@
 #include "parse/ZuParseAniFrame.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
@@ -90,7 +91,7 @@ ZuParseData* ZuParseAniFrame::parseAniFrame(ZuAppMain* app, const rapidjson::Val
         data->posMode = ANIPOS_FACE;
     } else if (data->subType == "screen") {
         data->isScreen = true;
-        if (app && app->getGlobalMgr() && app->getGlobalMgr()->getConfig())
+        if (ZuGBase::configOf(app))
             app->getGlobalMgr()->getConfig()->screenAnimation = true;
     } else if (data->subType == "mask") {
         data->isFaceMask = true;
@@ -128,7 +129,7 @@ ZuParseData* ZuParseAniFrame::parseAniFrame(ZuAppMain* app, const rapidjson::Val
 }
 
 ZuAniFrameNode* ZuParseAniFrame::buildNode(int person, const char* sceneName, const char* directory) {
-    ZuNodeMgr* nodeMgr = app && app->getGlobalMgr() ? app->getGlobalMgr()->getNodeMgr() : nullptr;
+    ZuNodeMgr* nodeMgr = ZuGBase::nodeMgrOf(app);
     if (!nodeMgr || !nodeMgr->getCreator()) return nullptr;
     auto* node = dynamic_cast<ZuAniFrameNode*>(
         nodeMgr->getCreator()->createNodeAsync("ZuAniFrameNode", sceneName, name.c_str(), person, resUID));

@@ -1,5 +1,6 @@
 #include "parse/ZuParseData.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "operate/ZuOperateGenerate.h"
@@ -23,7 +24,7 @@ void ZuParseData::generate(int newResUID, const char*, char*, char*) { resUID = 
 void ZuParseData::generate(ZuAppMain* app, ZuParseData* data, const char* sceneName, int resUID,
                            const char* directory) {
     if (!data) return;
-    ZuOperateMgr* operates = app && app->getGlobalMgr() ? app->getGlobalMgr()->getOperateMgr() : nullptr;
+    ZuOperateMgr* operates = ZuGBase::operateMgrOf(app);
     if (operates) {
         ZuOperateGenerate* op = new ZuOperateGenerate(app, data, sceneName, resUID, directory);
         operates->pushOperate(op);

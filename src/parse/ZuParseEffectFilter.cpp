@@ -1,5 +1,6 @@
 #include "parse/ZuParseEffectFilter.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "node/beauty/ZuBeautyNode.h"
@@ -33,7 +34,7 @@ ZuParseData* ZuParseEffectFilter::parseEffectFilter(ZuAppMain* app, const rapidj
 
 void ZuParseEffectFilter::generate(int newResUID, const char* sceneName, char*) {
     resUID = newResUID;
-    ZuNodeMgr* nodeMgr = app && app->getGlobalMgr() ? app->getGlobalMgr()->getNodeMgr() : nullptr;
+    ZuNodeMgr* nodeMgr = ZuGBase::nodeMgrOf(app);
     ZuNodeCreator* creator = nodeMgr ? nodeMgr->getCreator() : nullptr;
     if (!creator) return;
     if (subType == "EFFECT_BEAUTY") {

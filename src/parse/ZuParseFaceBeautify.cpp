@@ -1,5 +1,6 @@
 #include "parse/ZuParseFaceBeautify.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "node/beauty/ZuFaceBuffingWhiteNode.h"
@@ -38,7 +39,7 @@ ZuParseData* ZuParseFaceBeautify::parseFaceBeautify(ZuAppMain* app, const rapidj
 
 void ZuParseFaceBeautify::generate(int newResUID, const char* sceneName, char*) {
     resUID = newResUID;
-    ZuNodeMgr* nodeMgr = app && app->getGlobalMgr() ? app->getGlobalMgr()->getNodeMgr() : nullptr;
+    ZuNodeMgr* nodeMgr = ZuGBase::nodeMgrOf(app);
     if (!nodeMgr || !nodeMgr->getCreator()) return;
     auto* node = dynamic_cast<ZuFaceBuffingWhiteNode*>(
         nodeMgr->getCreator()->createNodeAsync("ZuFaceBuffingWhiteNode", sceneName, name.c_str(), 0, resUID));

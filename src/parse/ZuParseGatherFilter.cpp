@@ -71,7 +71,7 @@ ZuParseData* ZuParseGatherFilter::parseGatherFilter(ZuAppMain* app, const rapidj
 }
 
 bool ZuParseGatherFilter::readFilterFile(const char* directory, const char* filterName) {
-    ZuFileMgr* files = app && app->getGlobalMgr() ? app->getGlobalMgr()->getFileMgr() : nullptr;
+    ZuFileMgr* files = fileMgr();
     if (!files) return false;
     const std::string path = std::string(directory ? directory : "") + filterName + ".json";
     DataChunk chunk;
@@ -100,7 +100,7 @@ bool ZuParseGatherFilter::tablesComplete() const {
 
 void ZuParseGatherFilter::generate(int newResUID, const char* sceneName, char*) {
     resUID = newResUID;
-    ZuNodeMgr* nodes = app && app->getGlobalMgr() ? app->getGlobalMgr()->getNodeMgr() : nullptr;
+    ZuNodeMgr* nodes = nodeMgr();
     if (!nodes || !nodes->getCreator()) return;
     if (hasTables() && tablesComplete()) {
         // A filter file's own curves make a run-time look.

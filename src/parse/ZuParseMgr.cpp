@@ -1,5 +1,6 @@
 #include "parse/ZuParseMgr.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/DataChunk.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
@@ -18,7 +19,7 @@
 
 void ZuParseMgr::init() {
     dictionary.clear();
-    ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
+    ZuConfig* config = ZuGBase::configOf(app);
     registerBuiltinItemTypes(this, config ? config->filter : CfgFilter());
 }
 
@@ -35,7 +36,7 @@ bool ZuParseMgr::hasRegist(const char* typeName) const {
 }
 
 bool ZuParseMgr::parse(const char* path, int resUID, const char* sceneName) {
-    ZuFileMgr* files = app && app->getGlobalMgr() ? app->getGlobalMgr()->getFileMgr() : nullptr;
+    ZuFileMgr* files = fileMgr();
     if (!files || !path) return false;
     qz::string fileName(path);
     fileName += "/config.json";
@@ -81,14 +82,14 @@ void ZuParseMgr::_callTypeParse(const char* type, const rapidjson::Value& value,
 }
 
 void ZuParseMgr::_parseExitMode(const rapidjson::Value& value) {
-    ZuOperateQueue* queue = app && app->getGlobalMgr() ? app->getGlobalMgr()->getOperateQueue() : nullptr;
+    ZuOperateQueue* queue = operateQueue();
     if (queue && value.IsString()) queue->setExitMode(qz::string(value.GetString()));
 }
 
 // "AR" and "SkyDome" act whatever the item's type, even an unknown one.
 void ZuParseMgr::_parseCommon(const rapidjson::Value& item, int resUID, const char* sceneName,
                               const char* directory) {
-    ZuOperateMgr* operates = app && app->getGlobalMgr() ? app->getGlobalMgr()->getOperateMgr() : nullptr;
+    ZuOperateMgr* operates = operateMgr();
     if (!operates) return;
     auto ar = item.FindMember("AR");
     if (ar != item.MemberEnd() && ar->value.IsObject()) {
@@ -116,7 +117,7 @@ void ZuParseMgr::_parseCommon(const rapidjson::Value& item, int resUID, const ch
 }
 
 void ZuParseMgr::parseTexHeadStream(qz::array<SpineHeadRes>* heads) {
-    ZuOperateMgr* operates = app && app->getGlobalMgr() ? app->getGlobalMgr()->getOperateMgr() : nullptr;
+    ZuOperateMgr* operates = operateMgr();
     if (!heads) return;
     for (uint32_t i = 0; i < heads->size() && operates; i++) {
         SpineHeadRes& head = (*heads)[i];

@@ -1,5 +1,6 @@
 #include "parse/ZuParseSound.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "node/sound/ZuSoundNode.h"
@@ -32,7 +33,7 @@ ZuParseData* ZuParseSound::parseSound(ZuAppMain* app, const rapidjson::Value& va
 
 void ZuParseSound::generate(int newResUID, const char* sceneName, char*) {
     resUID = newResUID;
-    ZuNodeMgr* nodeMgr = app && app->getGlobalMgr() ? app->getGlobalMgr()->getNodeMgr() : nullptr;
+    ZuNodeMgr* nodeMgr = ZuGBase::nodeMgrOf(app);
     if (!nodeMgr || !nodeMgr->getCreator()) return;
     auto* node = dynamic_cast<ZuSoundNode*>(
         nodeMgr->getCreator()->createNodeAsync("ZuSoundNode", sceneName, name.c_str(), 0, resUID));

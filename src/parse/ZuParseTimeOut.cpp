@@ -21,7 +21,7 @@ ZuParseData* ZuParseTimeOut::parseTimeOut(ZuAppMain* app, const rapidjson::Value
 
 void ZuParseTimeOut::generate(int newResUID, const char* sceneName, char*) {
     resUID = newResUID;
-    ZuNodeMgr* nodes = app && app->getGlobalMgr() ? app->getGlobalMgr()->getNodeMgr() : nullptr;
+    ZuNodeMgr* nodes = nodeMgr();
     if (!nodes || !nodes->getCreator()) return;
     ZuTimeOutNode* node =
         dynamic_cast<ZuTimeOutNode*>(nodes->getCreator()->createNode("ZuTimeOutNode", sceneName, "timeout"));

@@ -1,5 +1,6 @@
 #include "person/ZuPerson.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/Camera.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
@@ -75,7 +76,7 @@ const char* ZuPerson::standardFaceNameOf(DETECTTYPE type) {
 }
 
 ZuDataGenerate* ZuPerson::generatorOf(DETECTTYPE type) const {
-    ZuDataMgr* data = app && app->getGlobalMgr() ? app->getGlobalMgr()->getDataMgr() : nullptr;
+    ZuDataMgr* data = ZuGBase::dataMgrOf(app);
     if (!data) return nullptr;
     switch (type) {
     case DETECTTYPE_AS: return data->getDataGenAS();
@@ -206,7 +207,7 @@ void ZuPerson::_listenData_self(ZuDataGenSelf* gen) {
 void ZuPerson::trackExpression(ZuRect* r) {
     // Expressions are judged on a real face only, not on the stand-by one.
     if (existState != 1) return;
-    ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
+    ZuConfig* config = ZuGBase::configOf(app);
     const bool mirror = config && config->getCamera(sceneName.c_str())->mirror;
     expression->setSceneName(sceneName.c_str());
     expression->trackExpression(faceData, facePtNum * 2, r, roll, yaw, pitch, personID, mirror);
@@ -215,7 +216,7 @@ void ZuPerson::trackExpression(ZuRect* r) {
 void ZuPerson::trackAnimoji() {
     // Like expressions, blend shapes follow a real face only.
     if (existState != 1 || !animojiMgr) return;
-    ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
+    ZuConfig* config = ZuGBase::configOf(app);
     const int rotation = config ? config->getCamera(sceneName.c_str())->angle : 0;
     animojiMgr->detect(faceData, rotation, roll, yaw, pitch);
 }
@@ -227,12 +228,12 @@ void ZuPerson::noticeOwnListeners() {
 
 const StanderFace* ZuPerson::standardFace() const {
     const char* name = standardFaceNameOf(detectType);
-    ZuMeshDataMgr* meshes = app && app->getGlobalMgr() ? app->getGlobalMgr()->getMeshDataMgr() : nullptr;
+    ZuMeshDataMgr* meshes = ZuGBase::meshDataMgrOf(app);
     return name && meshes ? meshes->getStanderFace(name) : nullptr;
 }
 
 void ZuPerson::convert_standerface(const StanderFace* face, float* out) const {
-    ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
+    ZuConfig* config = ZuGBase::configOf(app);
     if (!config) return;
     const Camera* camera = config->getCamera(sceneName.c_str());
     // Landmarks live in the upright frame: a portrait camera's sides swap.
@@ -254,7 +255,7 @@ void ZuPerson::setCopyTarget(const char* name) {
 }
 
 void ZuPerson::_modifyPointToPerson_AS(const char* name) {
-    ZuMeshDataMgr* meshes = app && app->getGlobalMgr() ? app->getGlobalMgr()->getMeshDataMgr() : nullptr;
+    ZuMeshDataMgr* meshes = ZuGBase::meshDataMgrOf(app);
     const StanderFace* face = meshes && name ? meshes->getStanderFace(name) : nullptr;
     if (!face) {
         if (!copyTargetMissingLogged)

@@ -23,7 +23,7 @@ void ZuPersonAnimojiMgr::init(DETECTTYPE type) {
     detectType = type;
     if (type == DETECTTYPE_FP) tracker = new ZuPersonAnimoji_FP(app);
     // The table is the same for every person: the engine reads it once.
-    ZuPersonSys* persons = app && app->getGlobalMgr() ? app->getGlobalMgr()->getPersonSys() : nullptr;
+    ZuPersonSys* persons = personSys();
     posData = persons ? persons->retainPositionTable() : nullptr;
     if (!posData) {
         posData = new ZuPosData(app);

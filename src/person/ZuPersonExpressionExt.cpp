@@ -1,5 +1,6 @@
 #include "person/ZuPersonExpressionExt.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/DataChunk.h"
 #include "basesys/ZuFileMgr.h"
 #include "basesys/ZuGlobalMgr.h"
@@ -149,7 +150,7 @@ void ZuPersonExpressionExt::loadConfig() {
     poutAdjust = 0.5f + 2 * 0.1f;
     lipsAdjust = 0.5f + 5 * 0.1f;
 
-    ZuFileMgr* files = app && app->getGlobalMgr() ? app->getGlobalMgr()->getFileMgr() : nullptr;
+    ZuFileMgr* files = ZuGBase::fileMgrOf(app);
     if (!files) return;
     DataChunk chunk;
     if (!files->loadFileContentStr(&chunk, kConfigFile) || !chunk.getBuffer()) {
@@ -189,7 +190,7 @@ void ZuPersonExpressionExt::setDetectExtRate(int rate) {
 }
 
 ZuDetectBase* ZuPersonExpressionExt::detector() const {
-    ZuDetectMgr* detects = app && app->getGlobalMgr() ? app->getGlobalMgr()->getDetectMgr() : nullptr;
+    ZuDetectMgr* detects = ZuGBase::detectMgrOf(app);
     return detects ? detects->getDetect() : nullptr;
 }
 
@@ -426,7 +427,7 @@ void ZuPersonExpressionExt::combine(int target, int first, int second, bool when
 }
 
 void ZuPersonExpressionExt::send(const char* name, int kind, float value, int extra) {
-    ZuEventMgr* events = app && app->getGlobalMgr() ? app->getGlobalMgr()->getEventMgr() : nullptr;
+    ZuEventMgr* events = ZuGBase::eventMgrOf(app);
     if (!events) return;
     ZuPersonEvent* event = new ZuPersonEvent(sceneName.c_str(), kind);
     event->name = name;

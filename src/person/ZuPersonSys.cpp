@@ -1,5 +1,6 @@
 #include "person/ZuPersonSys.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
@@ -139,7 +140,7 @@ int ZuPersonSys::getPersonExistNum(const char* scene) const {
 }
 
 void ZuPersonSys::update(float delta) {
-    ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
+    ZuConfig* config = ZuGBase::configOf(app);
     const bool keepOne = config && config->alwaysShowOne;
     for (auto it = scenes.getIterator(); !it.atEnd(); ++it) {
         PersonList* persons = it->getValue();

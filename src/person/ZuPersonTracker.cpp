@@ -1,5 +1,6 @@
 #include "person/ZuPersonTracker.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/Camera.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
@@ -87,7 +88,7 @@ void ZuPersonTracker::track(const Layout& layout, const char* scene, const float
         return;
     }
     personID = id;
-    ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
+    ZuConfig* config = ZuGBase::configOf(app);
     if (config) {
         const Camera* camera = config->getCamera(scene ? scene : "");
         cameraWidth = static_cast<float>(camera->width);
@@ -136,7 +137,7 @@ void ZuPersonTracker::track(const Layout& layout, const char* scene, const float
 void ZuPersonTracker::updateWholeFace(const char* scene, bool whole) {
     if (whole == wholeFace) return;
     wholeFace = whole;
-    ZuEventMgr* events = app && app->getGlobalMgr() ? app->getGlobalMgr()->getEventMgr() : nullptr;
+    ZuEventMgr* events = ZuGBase::eventMgrOf(app);
     if (!events) return;
     ZuPersonEvent* event = new ZuPersonEvent(scene ? scene : "", whole ? kEventWholeFace : kEventNotWholeFace);
     event->name = whole ? "haveWholeFace" : "NotWholeFace";

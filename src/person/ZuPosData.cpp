@@ -10,7 +10,7 @@
 
 void ZuPosData::init(const char* file) {
     destroy();
-    ZuFileMgr* files = app && app->getGlobalMgr() ? app->getGlobalMgr()->getFileMgr() : nullptr;
+    ZuFileMgr* files = fileMgr();
     if (!files || !file) return;
     DataChunk chunk;
     if (!files->loadFileContentStr(&chunk, file) || !chunk.getBuffer() || chunk.getSize() < 1) {

@@ -13,7 +13,7 @@ void ZuDummyNode::update(float delta) {
     for (uint32_t i = 0; i < m_children.size(); i++)
         if (m_children[i] && !m_children[i]->isReady()) return;
     readySent = true;
-    ZuEventMgr* events = app && app->getGlobalMgr() ? app->getGlobalMgr()->getEventMgr() : nullptr;
+    ZuEventMgr* events = eventMgr();
     if (!events) return;
     ZuEffectEvent* event = new ZuEffectEvent(m_sceneName.c_str(), ZU_EVENT_EFFECT);
     event->name = "any";

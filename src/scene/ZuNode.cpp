@@ -55,7 +55,7 @@ ZuRenderScene* ZuNode::getActiveRenderScene() const {
 }
 
 ZuScene* ZuNode::getScene() const {
-    ZuSceneMgr* scenes = app && app->getGlobalMgr() ? app->getGlobalMgr()->getSceneMgr() : nullptr;
+    ZuSceneMgr* scenes = sceneMgr();
     return scenes ? scenes->getScene(m_sceneName.c_str()) : nullptr;
 }
 

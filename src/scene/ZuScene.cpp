@@ -1,5 +1,6 @@
 #include "scene/ZuScene.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "basesys/ZuGlobalParam.h"
@@ -40,7 +41,7 @@ void ZuScene::begin(const char* name, int newWinWidth, int newWinHeight, int new
 void ZuScene::finish() {
     if (adapt) adapt->init(winWidth, winHeight, portraitWidth(), portraitHeight());
     if (renderScene) return;
-    ZuRenderMgr* renderMgr = app && app->getGlobalMgr() ? app->getGlobalMgr()->getRenderMgr() : nullptr;
+    ZuRenderMgr* renderMgr = ZuGBase::renderMgrOf(app);
     if (!renderMgr) return;
     renderScene = renderMgr->createRenderScene(m_name.c_str());
     if (!renderScene) return;
@@ -83,7 +84,7 @@ void ZuScene::scenedestroy() {
         qzSafeRelease(vesper);
     }
     if (renderScene) {
-        ZuRenderMgr* renderMgr = app && app->getGlobalMgr() ? app->getGlobalMgr()->getRenderMgr() : nullptr;
+        ZuRenderMgr* renderMgr = ZuGBase::renderMgrOf(app);
         if (renderMgr) renderMgr->destroyRenderScene(renderScene);
         qzSafeRelease(renderScene);
     }

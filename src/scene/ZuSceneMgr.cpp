@@ -20,7 +20,7 @@ void ZuSceneMgr::destroy() {
 ZuScene* ZuSceneMgr::adopt(ZuScene* scene) {
     scenes.insert(scene->getname(), scene);
     // Every kind of scene gets its four persons here.
-    ZuPersonSys* persons = app && app->getGlobalMgr() ? app->getGlobalMgr()->getPersonSys() : nullptr;
+    ZuPersonSys* persons = personSys();
     if (persons) persons->createPersonByScene(scene->getname().c_str());
     ZuGlobalParam* param = app ? app->getGlobalParam() : nullptr;
     if (param && !param->activeScene) scene->active();
@@ -66,7 +66,7 @@ bool ZuSceneMgr::destroyScene(const char* name) {
     const qz::string sceneName(name);
     scene->scenedestroy();
     scene->release();
-    ZuPersonSys* persons = app && app->getGlobalMgr() ? app->getGlobalMgr()->getPersonSys() : nullptr;
+    ZuPersonSys* persons = personSys();
     if (persons) persons->delPersonByScene(sceneName.c_str());
     return true;
 }

@@ -35,7 +35,7 @@ void ZuTimeOutNode::update(float delta) {
     elapsed += delta;
     if (!isVisible() || !isStopAnim() || elapsed <= timeout * 1000.0f) return;
     setVisible(false);
-    ZuEventMgr* events = app && app->getGlobalMgr() ? app->getGlobalMgr()->getEventMgr() : nullptr;
+    ZuEventMgr* events = eventMgr();
     if (!events) return;
     ZuTimeOutEvent* event = new ZuTimeOutEvent(ownerScene.c_str());
     event->resUID = m_resUID;
@@ -46,7 +46,7 @@ void ZuTimeOutNode::update(float delta) {
 bool ZuTimeOutNode::procEvent(ZuEvent* event) {
     if (!event || !(event->sceneName == ownerScene)) return true;
     if (event->type == ZU_EVENT_TIMEOUT) {
-        ZuNodeMgr* nodes = app && app->getGlobalMgr() ? app->getGlobalMgr()->getNodeMgr() : nullptr;
+        ZuNodeMgr* nodes = nodeMgr();
         // This node is among those deleted: nothing of it is used afterwards.
         if (nodes) nodes->delNodeByResID(event->resUID);
     } else if (event->type == ZU_EVENT_RESET_TIME_STATE) {

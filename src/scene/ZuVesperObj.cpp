@@ -35,13 +35,9 @@ void ZuVesperObj::adopt(ZuFboObject* target, float r, float g, float b, float a)
     fbo = target;
 }
 
-static ZuFboMgr* fboMgrOf(ZuAppMain* app) {
-    return app && app->getGlobalMgr() ? app->getGlobalMgr()->getFboMgr() : nullptr;
-}
-
 void ZuVesperObj::init(const char* name, int w, int h, int uid) {
     (void)name;
-    ZuFboMgr* mgr = fboMgrOf(app);
+    ZuFboMgr* mgr = fboMgr();
     if (!prepare(w, h, true) || !mgr) return;
     char target[32];
     targetName(target, sizeof target, uid);
@@ -52,7 +48,7 @@ void ZuVesperObj::init(const char* name, int w, int h, int uid) {
 
 void ZuVesperObj::initmsaa(const char* name, int w, int h, int uid) {
     (void)name;
-    ZuFboMgr* mgr = fboMgrOf(app);
+    ZuFboMgr* mgr = fboMgr();
     if (!prepare(w, h, true) || !mgr) return;
     char target[32];
     targetName(target, sizeof target, uid);
@@ -61,7 +57,7 @@ void ZuVesperObj::initmsaa(const char* name, int w, int h, int uid) {
 
 void ZuVesperObj::initwithoutfbo(const char* name, int w, int h, int uid, unsigned fboId) {
     (void)name;
-    ZuFboMgr* mgr = fboMgrOf(app);
+    ZuFboMgr* mgr = fboMgr();
     if (!prepare(w, h, true) || !mgr) return;
     char target[32];
     targetName(target, sizeof target, uid);
@@ -70,7 +66,7 @@ void ZuVesperObj::initwithoutfbo(const char* name, int w, int h, int uid, unsign
 
 void ZuVesperObj::initwithouttexfbo(const char* name, int w, int h, int uid, unsigned textureId) {
     (void)name;
-    ZuFboMgr* mgr = fboMgrOf(app);
+    ZuFboMgr* mgr = fboMgr();
     if (!prepare(w, h, false) || !mgr) return;
     char target[32];
     targetName(target, sizeof target, uid);

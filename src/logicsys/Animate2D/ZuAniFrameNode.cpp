@@ -117,7 +117,7 @@ void ZuAniFrameNode::reset() {
 }
 
 ZuPerson* ZuAniFrameNode::findPerson() const {
-    ZuPersonSys* persons = app && app->getGlobalMgr() ? app->getGlobalMgr()->getPersonSys() : nullptr;
+    ZuPersonSys* persons = personSys();
     return persons ? persons->getPerson(m_sceneName.c_str(), m_personID) : nullptr;
 }
 

@@ -1,5 +1,6 @@
 #include "logicsys/Animate2D/ZuAnimate.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
@@ -35,7 +36,7 @@ void ZuAnimate::setM_TimeLine(ZuTimeLine* newTimeLine) {
 }
 
 void ZuAnimate::sendEvent(const char* eventName) {
-    ZuEventMgr* events = app && app->getGlobalMgr() ? app->getGlobalMgr()->getEventMgr() : nullptr;
+    ZuEventMgr* events = ZuGBase::eventMgrOf(app);
     if (!events) return;
     ZuAnimateEvent* event = new ZuAnimateEvent(sceneName.c_str());
     event->name = eventName;
@@ -110,7 +111,7 @@ bool ZuAnimate::update(float seconds, ZuRenderMesh* mesh, ZuMaterial* material, 
 void ZuAnimate::refreshSize(tANIPOSMODE mode) {
     width = srcWidth;
     height = srcHeight;
-    ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
+    ZuConfig* config = ZuGBase::configOf(app);
     const float designW = config ? static_cast<float>(config->getDesignWidth()) : 720.0f;
     const float designH = config ? static_cast<float>(config->getDesignHeight()) : 1280.0f;
     // An empty image has no shape to keep: leave its size as it is.

@@ -1,5 +1,6 @@
 #include "logicsys/Animate2D/ZuBMFontConfiguration.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/DataChunk.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuFileMgr.h"
@@ -28,7 +29,7 @@ bool readAfter(const char*& from, const char* key, const char* format, T* value)
 } // namespace
 
 ZuBMFontConfiguration* ZuBMFontConfiguration::create(ZuAppMain* app, const char* path) {
-    ZuFileMgr* files = app && app->getGlobalMgr() ? app->getGlobalMgr()->getFileMgr() : nullptr;
+    ZuFileMgr* files = ZuGBase::fileMgrOf(app);
     DataChunk chunk;
     if (!path || !files || !files->loadFileContentStr(&chunk, path)) {
         QZLOGW("bitmap font '%s': file not found", path ? path : "");

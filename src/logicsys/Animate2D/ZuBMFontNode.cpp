@@ -49,7 +49,7 @@ void ZuBMFontNode::init(const char* path) {
     if (!read) return;
     qzSafeRelease(config);
     config = read;
-    ZuTexMgr* textures = app && app->getGlobalMgr() ? app->getGlobalMgr()->getTexMgr() : nullptr;
+    ZuTexMgr* textures = texMgr();
     ZuTexture* atlas = textures ? textures->getTextureSync(config->getAtlasName().c_str()) : nullptr;
     if (atlas) atlas->retain();
     qzSafeRelease(texture);

@@ -50,7 +50,7 @@ void ZuBitFontNode::zudestroy() {
 
 void ZuBitFontNode::init(const char* textureName, float characterWidth) {
     charWidth = charHeight = characterWidth;
-    ZuTexMgr* textures = app && app->getGlobalMgr() ? app->getGlobalMgr()->getTexMgr() : nullptr;
+    ZuTexMgr* textures = texMgr();
     ZuTexture* strip = textures && textureName ? textures->getTextureSync(textureName, true, false) : nullptr;
     if (!strip) {
         QZLOGW("bit font node %s: no texture '%s'", m_name.c_str(), textureName ? textureName : "");

@@ -1,5 +1,6 @@
 #include "logicsys/Animate2D/ZuKeyFrame.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "render/texture/ZuTexMgr.h"
@@ -13,7 +14,7 @@ void ZuKeyFrame::initTexture(const char* path) {
 
 ZuTexture* ZuKeyFrame::getTexture() {
     if (texture || texName.empty()) return texture;
-    ZuTexMgr* textures = app && app->getGlobalMgr() ? app->getGlobalMgr()->getTexMgr() : nullptr;
+    ZuTexMgr* textures = ZuGBase::texMgrOf(app);
     if (!textures) return nullptr;
     texture = textures->getTextureSync(texName.c_str());
     if (texture) texture->retain();

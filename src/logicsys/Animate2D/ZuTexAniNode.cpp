@@ -1,5 +1,6 @@
 #include "logicsys/Animate2D/ZuTexAniNode.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
@@ -85,7 +86,7 @@ bool ZuTexAniNode::procEvent(ZuEvent* event) {
 
 void ZuTexAniNode::_initRender() {
     if (!mesh || !texture || !texture->getbLoad()) return;
-    ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
+    ZuConfig* config = ZuGBase::configOf(app);
     const float designW = config ? static_cast<float>(config->getDesignWidth()) : 720.0f;
     const float designH = config ? static_cast<float>(config->getDesignHeight()) : 1280.0f;
     if (!(designW > 0.0f) || !(designH > 0.0f) || texture->getwidth() <= 0 || texture->getheight() <= 0) return;

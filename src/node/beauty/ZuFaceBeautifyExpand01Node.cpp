@@ -1,5 +1,6 @@
 #include "node/beauty/ZuFaceBeautifyExpand01Node.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
@@ -16,7 +17,7 @@ ZuFaceBeautifyExpand01Node::ZuFaceBeautifyExpand01Node(ZuAppMain* app) : ZuFilte
 
 void ZuFaceBeautifyExpand01Node::zuinit() {
     ZuFilter::zuinit();
-    ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
+    ZuConfig* config = ZuGBase::configOf(app);
     // The skin mean is sampled in the vertex stage, which ES 2 devices need
     // not support: there the plain soften runs on the whole picture.
     if (config && config->glversion < 0x30000) {

@@ -116,7 +116,7 @@ void ZuFaceBeautifyNode::render() {
     if (!isVisible()) return;
     if (!material || !material->getProgram() || !pickObject) return;
     ZuPerson* person = ZuNodePerson::of(this, 1);
-    ZuScene* scene = app && app->getGlobalMgr() ? getActiveScene() : nullptr;
+    ZuScene* scene = getActiveScene();
     if (person && person->getExist() && (elapsed > kSamplePeriod || !sampled) && scene) {
         elapsed = 0.0f;
         sampled = true;

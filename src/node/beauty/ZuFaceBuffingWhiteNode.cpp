@@ -1,5 +1,6 @@
 #include "node/beauty/ZuFaceBuffingWhiteNode.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/Camera.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
@@ -37,7 +38,7 @@ int ZuFaceBuffingWhiteNode::effectiveType(int configuredType, int glVersion) {
 
 void ZuFaceBuffingWhiteNode::zuinit() {
     ZuFilter::zuinit();
-    ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
+    ZuConfig* config = ZuGBase::configOf(app);
     if (!config) {
         QZLOGE("ZuFaceBuffingWhiteNode '%s': no engine configuration, no smoothing", getname().c_str());
         return;

@@ -1,5 +1,6 @@
 #include "node/camera/BGTexture.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/Camera.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
@@ -36,7 +37,7 @@ ZuRenderMesh* BGTexture::meshForAngle(ZuRenderData* data, int angle, ZuRenderMes
 
 void BGTexture::placeOn(ZuAppMain* app, const char* sceneName, ZuRenderObject* object, ZuMaterial* mat) {
     if (!object || !mat) return;
-    ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
+    ZuConfig* config = ZuGBase::configOf(app);
     int angle = config ? config->getCamera(sceneName)->angle : 0;
     object->setMesh(meshForAngle(renderDataOf(app), angle, object->getMesh()));
     mat->setTexcoordFlip(1.0f, 1.0f);
@@ -80,7 +81,7 @@ void BGTexture::createTexture(ZuAppMain* app, BGType newType, int uid, int newWi
     default: break;
     }
 
-    ZuFboMgr* fboMgr = app && app->getGlobalMgr() ? app->getGlobalMgr()->getFboMgr() : nullptr;
+    ZuFboMgr* fboMgr = ZuGBase::fboMgrOf(app);
     if (!fbo && fboMgr) {
         char name[32];
         snprintf(name, sizeof name, "%d_fbo", uid);
@@ -96,7 +97,7 @@ void BGTexture::createTexture(ZuAppMain* app, BGType newType, int uid, int newWi
 }
 
 void BGTexture::createNorTexture(ZuAppMain* app, const char* path) {
-    ZuTexMgr* texMgr = app && app->getGlobalMgr() ? app->getGlobalMgr()->getTexMgr() : nullptr;
+    ZuTexMgr* texMgr = ZuGBase::texMgrOf(app);
     if (texMgr && path) assign(norTex, texMgr->getTexture(path, true, false));
 }
 

@@ -20,7 +20,7 @@ void ZuFaceDebugLineNode::zuinit() {
 void ZuFaceDebugLineNode::update(float dt) {
     ZuNode::update(dt);
     drawnSegments = 0;
-    ZuPersonSys* persons = app && app->getGlobalMgr() ? app->getGlobalMgr()->getPersonSys() : nullptr;
+    ZuPersonSys* persons = personSys();
     if (!persons) return;
     float lines[ZuPersonSys::kPersonsPerScene * kMaxSegmentsPerFace * 4];
     for (int id = 1; id <= ZuPersonSys::kPersonsPerScene; ++id) {

@@ -1,5 +1,6 @@
 #include "node/face/ZuFaceDebugNode.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/Camera.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
@@ -40,7 +41,7 @@ void ZuFaceDebugNode::zudestroy() {
 }
 
 bool ZuFaceDebugNode::landmarkFrame(float* width, float* height) const {
-    ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
+    ZuConfig* config = ZuGBase::configOf(app);
     if (!config) return false;
     Camera* camera = config->getCamera(getSceneName().c_str());
     if (!camera) return false;

@@ -26,7 +26,7 @@ void ZuFacePointNode::setPointSize(float pixels) {
 }
 
 int ZuFacePointNode::collectPoints(float* positions, int capacity) const {
-    ZuPersonSys* persons = app && app->getGlobalMgr() ? app->getGlobalMgr()->getPersonSys() : nullptr;
+    ZuPersonSys* persons = personSys();
     if (!persons) return 0;
     int count = 0;
     for (int id = 1; id <= ZuPersonSys::kPersonsPerScene; ++id) {

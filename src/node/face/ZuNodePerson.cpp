@@ -1,5 +1,6 @@
 #include "node/face/ZuNodePerson.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "person/ZuPerson.h"
@@ -8,7 +9,7 @@
 
 ZuPerson* ZuNodePerson::of(const ZuNode* node, int personID) {
     ZuAppMain* app = node ? node->getApp() : nullptr;
-    ZuPersonSys* persons = app && app->getGlobalMgr() ? app->getGlobalMgr()->getPersonSys() : nullptr;
+    ZuPersonSys* persons = ZuGBase::personSysOf(app);
     return persons ? persons->getPerson(node->getSceneName().c_str(), personID) : nullptr;
 }
 

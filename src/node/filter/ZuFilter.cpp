@@ -1,5 +1,6 @@
 #include "node/filter/ZuFilter.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "basesys/ZuGlobalParam.h"
@@ -31,7 +32,7 @@ void ZuFilter::zudestroy() {
 
 void ZuFilter::update(float dt) {
     ZuNode::update(dt);
-    ZuRenderMgr* renderMgr = app && app->getGlobalMgr() ? app->getGlobalMgr()->getRenderMgr() : nullptr;
+    ZuRenderMgr* renderMgr = ZuGBase::renderMgrOf(app);
     if (getRenderObject() && renderMgr) getRenderObject()->setMesh(renderMgr->getRenderData()->meshFull);
 }
 
@@ -41,7 +42,7 @@ void ZuFilter::render() {
 }
 
 ZuFboObject* ZuFilter::currentSceneFbo() const {
-    ZuScene* scene = app && app->getGlobalParam() ? app->getGlobalParam()->activeScene : nullptr;
+    ZuScene* scene = getActiveScene();
     return scene ? scene->getFbo() : nullptr;
 }
 
@@ -55,8 +56,7 @@ void ZuFilter::bindPicture(ZuMaterial* material) {
 }
 
 void ZuFilter::pushPass(RENDERSTREAMTYPE stream, const char* swapLabel, const char* drawLabel) {
-    ZuScene* scene = app && app->getGlobalParam() ? app->getGlobalParam()->activeScene : nullptr;
-    ZuRenderScene* renderScene = scene ? scene->getRenderScene() : nullptr;
+    ZuRenderScene* renderScene = getActiveRenderScene();
     if (!renderScene || !getRenderObject() || !swapObject) return;
     swapObject->pushCmd(renderScene, stream, swapLabel);
     getRenderObject()->pushCmd(renderScene, stream, drawLabel);

@@ -1,5 +1,6 @@
 #include "node/filter/ZuFilterMultiMaterial.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "render/material/ZuMaterial.h"
@@ -14,7 +15,7 @@ ZuFilterMultiMaterial::~ZuFilterMultiMaterial() { clearMaterial(); }
 void ZuFilterMultiMaterial::zuinit() {
     ZuNode::zuinit();
     auto* object = new ZuMultMaterialRenderObject(app);
-    ZuRenderMgr* renderMgr = app && app->getGlobalMgr() ? app->getGlobalMgr()->getRenderMgr() : nullptr;
+    ZuRenderMgr* renderMgr = ZuGBase::renderMgrOf(app);
     if (renderMgr) object->setMesh(renderMgr->getRenderData()->meshFull);
     setRenderObject(object);
     object->release();

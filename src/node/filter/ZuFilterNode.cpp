@@ -90,7 +90,7 @@ void ZuFilterNode::keep(ZuTexture*& slot, ZuTexture* texture) {
 }
 
 ZuTexture* ZuFilterNode::makeTable(const char* name, int format, const unsigned char* table) {
-    ZuTexMgr* textures = app && app->getGlobalMgr() ? app->getGlobalMgr()->getTexMgr() : nullptr;
+    ZuTexMgr* textures = texMgr();
     if (!textures) return nullptr;
     return textures->createNullTextureWithData(name, kEntries, 1, format, format,
                                                const_cast<unsigned char*>(table));
@@ -105,7 +105,7 @@ void ZuFilterNode::setFilterType(ZU_FILTER_GATHER_TYPE type) {
     filterType = type;
     if (!material) return;
     const BuiltInLook& look = builtInLook(type);
-    ZuTexMgr* textures = app && app->getGlobalMgr() ? app->getGlobalMgr()->getTexMgr() : nullptr;
+    ZuTexMgr* textures = texMgr();
     if (!textures) return;
     // The built-in tables are the same for every node: shared by name.
     auto shared = [&](const char* suffix, int format, const unsigned char* table) {

@@ -1,5 +1,6 @@
 #include "node/filter/ZuFilterOutter.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "basesys/ZuGlobalParam.h"
@@ -15,7 +16,7 @@ ZuFilterOutter::ZuFilterOutter(ZuAppMain* app) : ZuNode(app) { setType("ZuFilter
 void ZuFilterOutter::zuinit() {
     ZuNode::zuinit();
     ZuRenderObject* object = new ZuRenderObject(app);
-    ZuRenderMgr* renderMgr = app && app->getGlobalMgr() ? app->getGlobalMgr()->getRenderMgr() : nullptr;
+    ZuRenderMgr* renderMgr = ZuGBase::renderMgrOf(app);
     if (renderMgr) object->setMesh(renderMgr->getRenderData()->meshFull);
     object->setMaterial(material);
     setRenderObject(object);
@@ -49,15 +50,14 @@ void ZuFilterOutter::update(float dt) {
     if (!material) return;
     // The material animates first; the pass's own settings then win.
     material->update(dt);
-    ZuScene* scene = app && app->getGlobalParam() ? app->getGlobalParam()->activeScene : nullptr;
+    ZuScene* scene = getActiveScene();
     material->setTexture0FBO(scene ? scene->getFbo() : nullptr, false);
     material->setTexcoordFlip(1.0f, 1.0f);
 }
 
 void ZuFilterOutter::render() {
     if (!isVisible()) return;
-    ZuScene* scene = app && app->getGlobalParam() ? app->getGlobalParam()->activeScene : nullptr;
-    ZuRenderScene* renderScene = scene ? scene->getRenderScene() : nullptr;
+    ZuRenderScene* renderScene = getActiveRenderScene();
     if (!renderScene || !getRenderObject() || !swapObject || !material) return;
     swapObject->pushCmd(renderScene, streamType, "ZuFilterOutter_swap");
     getRenderObject()->pushCmd(renderScene, streamType, "ZuFilterOutter");

@@ -54,7 +54,7 @@ void ZuDataOutputScaleTexNode::setOutputPixel(int width, int height) {
         QZLOGW("scaled output node %s: size %d x %d refused", m_name.c_str(), width, height);
         return;
     }
-    ZuFboMgr* fbos = app && app->getGlobalMgr() ? app->getGlobalMgr()->getFboMgr() : nullptr;
+    ZuFboMgr* fbos = fboMgr();
     if (!fbos) return;
     if (!scaleTex) scaleTex = ZuTexMgr::createInternalTexture(app, width, height, GL_RGBA);
     if (!scaleTex) return;

@@ -70,7 +70,7 @@ void ZuDataOutputTexNode::setOutputTexture(unsigned id, int width, int height) {
         QZLOGW("output texture node %s: size %d x %d refused", m_name.c_str(), width, height);
         return;
     }
-    ZuFboMgr* fbos = app && app->getGlobalMgr() ? app->getGlobalMgr()->getFboMgr() : nullptr;
+    ZuFboMgr* fbos = fboMgr();
     if (!fbos) return;
     if (fbo) {
         fbos->destroyFboTexture(fbo);

@@ -47,7 +47,7 @@ void ZuIconNode::setIconSize(int width, int height) {
         QZLOGW("icon node %s: size %d x %d refused", m_name.c_str(), width, height);
         return;
     }
-    ZuFboMgr* fbos = app && app->getGlobalMgr() ? app->getGlobalMgr()->getFboMgr() : nullptr;
+    ZuFboMgr* fbos = fboMgr();
     if (!fbo && fbos) {
         // Names are cut at nine characters, as the pool has always seen them.
         char name[10];

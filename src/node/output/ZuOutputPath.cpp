@@ -1,5 +1,6 @@
 #include "node/output/ZuOutputPath.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/Camera.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
@@ -36,7 +37,7 @@ ZuRenderMesh* ZuOutputPath::meshFollowingAngle(ZuRenderData* data, int angle) {
 
 ZuFboObject* ZuOutputPath::claimTarget(ZuAppMain* app, int uid, int width, int height, float r, float g, float b,
                                        float a) {
-    ZuFboMgr* fbos = app && app->getGlobalMgr() ? app->getGlobalMgr()->getFboMgr() : nullptr;
+    ZuFboMgr* fbos = ZuGBase::fboMgrOf(app);
     if (!fbos) return nullptr;
     char name[32];
     snprintf(name, sizeof name, "%d_fbo", uid);

@@ -1,5 +1,6 @@
 #include "render/command/ZuRenderCmdPickColor.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "event/ZuEventMgr.h"
@@ -20,7 +21,7 @@ void ZuRenderCmdPickColor::render() {
     glReadPixels(x, y, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, pixel);
     id = ZuColor::transRgbaToID(pixel[0], pixel[1], pixel[2], pixel[3]);
     if (id == 0xFFFFFFFFu) return;
-    ZuEventMgr* events = app && app->getGlobalMgr() ? app->getGlobalMgr()->getEventMgr() : nullptr;
+    ZuEventMgr* events = ZuGBase::eventMgrOf(app);
     if (!events) return;
     ZuPickEvent* event = new ZuPickEvent();
     event->name = nodeName;

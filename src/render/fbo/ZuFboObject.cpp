@@ -1,5 +1,6 @@
 #include "render/fbo/ZuFboObject.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuLiveObjects.h"
 
 #include "basesys/ZuAppMain.h"
@@ -24,7 +25,7 @@ ZuFboObject::~ZuFboObject() {
 }
 
 bool ZuFboObject::isGles3(ZuAppMain* app) {
-    if (app && app->getGlobalMgr() && app->getGlobalMgr()->getConfig())
+    if (ZuGBase::configOf(app))
         return app->getGlobalMgr()->getConfig()->glversion >= 0x30000;
     const char* version = reinterpret_cast<const char*>(glGetString(GL_VERSION));
     return version && std::strncmp(version, "OpenGL ES ", 10) == 0 && version[10] >= '3';

@@ -1,5 +1,6 @@
 #include "render/object/ZuReadPixelRenderObject.h"
 
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
@@ -13,8 +14,8 @@
 
 namespace {
 
-ZuConfig* configOf(ZuAppMain* app) { return app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr; }
-ZuPboMgr* pboMgrOf(ZuAppMain* app) { return app && app->getGlobalMgr() ? app->getGlobalMgr()->getPboMgr() : nullptr; }
+ZuConfig* configOf(ZuAppMain* app) { return ZuGBase::configOf(app); }
+ZuPboMgr* pboMgrOf(ZuAppMain* app) { return ZuGBase::pboMgrOf(app); }
 
 } // namespace
 

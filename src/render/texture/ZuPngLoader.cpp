@@ -138,7 +138,7 @@ bool ZuPngLoader::_readPngFromStream(const unsigned char* bytes, int length, con
 
 bool ZuPngLoader::loadData(const char* path, unsigned char** pixels) {
     if (!path || !pixels) return false;
-    ZuFileMgr* files = app && app->getGlobalMgr() ? app->getGlobalMgr()->getFileMgr() : nullptr;
+    ZuFileMgr* files = fileMgr();
     if (!files) {
         QZLOGE("png '%s': no file manager", path);
         return false;

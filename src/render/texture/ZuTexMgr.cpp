@@ -81,7 +81,7 @@ void ZuTexMgr::_loadTextureSync(ZuTexture* texture, const char* path) {
 }
 
 void ZuTexMgr::_loadTextureAsync(ZuTexture* texture, const char* path) {
-    ZuOperateMgr* operates = app && app->getGlobalMgr() ? app->getGlobalMgr()->getOperateMgr() : nullptr;
+    ZuOperateMgr* operates = operateMgr();
     if (!operates) {
         QZLOGW("texture '%s': no load thread, loading in place", path);
         _loadTextureSync(texture, path);
@@ -238,7 +238,7 @@ ZuTextureSet* ZuTexMgr::_createTextureSet(const char* key, bool sync) {
 ZuTextureSet* ZuTexMgr::loadImgPList(const char* plistPath, const char* baseDir) {
     if (!plistPath) return nullptr;
     if (!baseDir) baseDir = "";
-    ZuFileMgr* files = app && app->getGlobalMgr() ? app->getGlobalMgr()->getFileMgr() : nullptr;
+    ZuFileMgr* files = fileMgr();
     DataChunk chunk;
     if (!files || !files->loadFileContentStr(&chunk, plistPath)) {
         QZLOGW("atlas '%s': file not found", plistPath);
