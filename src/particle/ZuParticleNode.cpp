@@ -82,10 +82,11 @@ void ZuParticleNode::setTexture(ZuTexture* newTexture) {
 
 void ZuParticleNode::update(float ms) {
     // Effects are authored in design pixels; the scene's adapt scale fits
-    // them to the output.
+    // them to the output. A camera never adapted has none: keep 1 then.
     ZuConfig* config = app && app->getGlobalMgr() ? app->getGlobalMgr()->getConfig() : nullptr;
     Camera* camera = config ? config->getCamera(getSceneName().c_str()) : nullptr;
-    if (camera) setScaleX(camera->adaptScale.x, camera->adaptScale.y, 1.0f);
+    if (camera && camera->adaptScale.x > 0.0f && camera->adaptScale.y > 0.0f)
+        setScaleX(camera->adaptScale.x, camera->adaptScale.y, 1.0f);
     ZuNode::update(ms);
     ZuRenderObject* object = getRenderObject();
     if (!effect || !object || !mesh || !material) return;
