@@ -4,6 +4,7 @@
 #include "parse/ZuParseEffectFilter.h"
 #include "parse/ZuParseFaceBeautify.h"
 #include "parse/ZuParseMgr.h"
+#include "parse/ZuParseParticle.h"
 #include "parse/ZuParseSound.h"
 #include "parse/ZuParseTimeOut.h"
 
@@ -12,5 +13,6 @@ void registerBuiltinItemTypes(ZuParseMgr* mgr, const CfgFilter& filter) {
     if (CfgFilter::isOn(filter.gather)) mgr->registDictionary("filterGather", ZuParseGatherFilter::parseGatherFilter);
     mgr->registDictionary("faceBeautify", ZuParseFaceBeautify::parseFaceBeautify);
     mgr->registDictionary("EffectFilter", ZuParseEffectFilter::parseEffectFilter);
+    mgr->registDictionary("particle", ZuParseParticle::parseParticle);
     if (CfgFilter::isOn(filter.audio)) mgr->registDictionary("audio", ZuParseSound::parseSound);
 }

@@ -56,8 +56,19 @@ void ZuParticle::refreshpoint() {
 
 int ZuParticle::getRandNum(ZuRandom& random, int a, int b) { return random.rangeInt(a, b); }
 
+namespace {
+// Thousandths of larger values would not fit an int.
+float drawable(float v) {
+    if (!(v == v)) return 0.0f;
+    return v < -2e6f ? -2e6f : (v > 2e6f ? 2e6f : v);
+}
+} // namespace
+
 int ZuParticle::getRandIntByFloat(ZuRandom& random, float a, float b) {
-    return random.rangeInt(static_cast<int>(a), static_cast<int>(b));
+    return random.rangeInt(static_cast<int>(drawable(a)), static_cast<int>(drawable(b)));
 }
 
-float ZuParticle::getRandNumFloat(ZuRandom& random, float a, float b) { return random.rangeFloatGrain(a, b); }
+
+float ZuParticle::getRandNumFloat(ZuRandom& random, float a, float b) {
+    return random.rangeFloatGrain(drawable(a), drawable(b));
+}
