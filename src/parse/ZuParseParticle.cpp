@@ -241,7 +241,7 @@ ZuParticleEffect* ZuParseParticle::buildEffect(ZuAppMain* app, const ZuParticleC
         auto* e = new ZuParticleEmitterBurst();
         e->setEmitBurst(c.emitterX, c.emitterY, c.particlesPerWave, c.particleSpacing, c.angleStart);
         emitter = e;
-    } else {
+    } else if (!c.spawnType.empty()) {
         QZLOGW("particle emitter \"%s\": spawnType \"%s\" unknown; it emits nothing", c.emitterName.c_str(),
                c.spawnType.c_str());
     }

@@ -54,10 +54,13 @@ void ZuParticleNode::setEffect(void* newEffect, const char* blend) {
     if (given != effect) delete effect;
     effect = given;
     if (blend) setBlendMode(blend);
-    if (effect && mesh) {
-        mesh->setVertexData(effect->getData(), effect->getMaxDataLen());
-        mesh->setVertexNum(effect->getPtNum());
-    }
+    if (mesh) uploadVertices();
+}
+
+void ZuParticleNode::uploadVertices() {
+    // An empty pool has no buffer to hand over: zero vertices draw nothing.
+    if (effect && effect->getMaxDataLen() > 0) mesh->setVertexData(effect->getData(), effect->getMaxDataLen());
+    mesh->setVertexNum(effect ? effect->getPtNum() : 0);
 }
 
 void ZuParticleNode::setBlendMode(const char* mode) {
@@ -91,8 +94,7 @@ void ZuParticleNode::update(float ms) {
     ZuRenderObject* object = getRenderObject();
     if (!effect || !object || !mesh || !material) return;
     effect->update(ms * 0.001f);
-    mesh->setVertexData(effect->getData(), effect->getMaxDataLen());
-    mesh->setVertexNum(effect->getPtNum());
+    uploadVertices();
     material->setTexture0(texture);
     material->setModelMatrix(getAbsoluteMat().data());
     ZuGlobalParam* param = app->getGlobalParam();

@@ -34,6 +34,7 @@ public:
 
 private:
     void applyBlend();
+    void uploadVertices();
 
     qz::string blendMode = "normal";
     ZuTexture* texture = nullptr;
