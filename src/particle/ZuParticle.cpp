@@ -3,6 +3,7 @@
 #include "basesys/ZuRandom.h"
 #include "particle/ZuParticleMat.h"
 
+#include <cmath>
 #include <cstring>
 
 namespace {
@@ -43,13 +44,31 @@ void ZuParticle::refreshPos(float dt) {
 }
 
 void ZuParticle::refreshpoint() {
-    ZuParticleMat mat;
-    mat.setPos(param.posX, param.posY, param.posZ);
-    mat.setScale(param.scaleX, param.scaleY, 1.0f);
-    mat.setRot(param.rotX, param.rotY, param.rotZ);
-    mat.refresh();
+    float m0, m1, m4, m5;
+    if (param.rotX == 0.0f && param.rotY == 0.0f) {
+        // The flat case of every 2D effect: scale then turn about z, the
+        // same numbers the full matrix gives, without its products by zero.
+        const float rad = param.rotZ * 0.01745f;
+        const float c = param.rotZ == 0.0f ? 1.0f : std::cos(rad);
+        const float s = param.rotZ == 0.0f ? 0.0f : std::sin(rad);
+        m0 = param.scaleX * c;
+        m1 = param.scaleX * s;
+        m4 = -param.scaleY * s;
+        m5 = param.scaleY * c;
+    } else {
+        ZuParticleMat mat;
+        mat.setScale(param.scaleX, param.scaleY, 1.0f);
+        mat.setRot(param.rotX, param.rotY, param.rotZ);
+        mat.refresh();
+        m0 = mat.data()[0];
+        m1 = mat.data()[1];
+        m4 = mat.data()[4];
+        m5 = mat.data()[5];
+    }
     for (int i = 0; i < kVertexCount; ++i) {
-        mat.transform2(kQuad[i].x, kQuad[i].y, &vertices[i].x, &vertices[i].y);
+        const float x = kQuad[i].x, y = kQuad[i].y;
+        vertices[i].x = m0 * x + m4 * y + param.posX;
+        vertices[i].y = m1 * x + m5 * y + param.posY;
         std::memcpy(vertices[i].color, param.color, 4);
     }
 }

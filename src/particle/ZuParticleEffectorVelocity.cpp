@@ -5,10 +5,29 @@
 
 #include <cmath>
 
+namespace {
+
+// cos and sin of every whole angle from -359 to 359 degrees, in double
+// precision: a launch that ramps its speed needs them for every particle on
+// every tick, and angles are whole degrees.
+struct DirectionTable {
+    double cosine[719], sine[719];
+    DirectionTable() {
+        for (int d = -359; d <= 359; ++d) {
+            const double a = static_cast<double>(d) / 180.0 * 3.14159265358979323846;
+            cosine[d + 359] = std::cos(a);
+            sine[d + 359] = std::sin(a);
+        }
+    }
+};
+const DirectionTable kDirections;
+
+} // namespace
+
 void ZuParticleEffectorVelocity::setVelocitySpeed(float speed, int angle) {
-    const double a = static_cast<double>(angle % 360) / 180.0 * 3.14159265358979323846;
-    velX = static_cast<float>(std::cos(a) * speed);
-    velY = static_cast<float>(std::sin(a) * speed);
+    const int d = angle % 360 + 359;
+    velX = static_cast<float>(kDirections.cosine[d] * speed);
+    velY = static_cast<float>(kDirections.sine[d] * speed);
 }
 
 void ZuParticleEffectorVelocity::setMinimumScaleMultiplier(float multiplier) {
