@@ -10,7 +10,7 @@
 ZuParticleEffect::~ZuParticleEffect() { zudestroy(); }
 
 void ZuParticleEffect::zuinit(int maxParticles) {
-    zudestroy();
+    freePool();
     if (maxParticles < 0) {
         QZLOGW("particle pool of %d particles refused; the effect stays empty", maxParticles);
         maxParticles = 0;
@@ -45,6 +45,11 @@ void ZuParticleEffect::zudestroy() {
         delete emitter;
         emitter = nullptr;
     }
+    freePool();
+}
+
+
+void ZuParticleEffect::freePool() {
     delete[] particles;
     delete[] freeList;
     delete[] taken;

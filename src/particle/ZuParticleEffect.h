@@ -24,6 +24,7 @@ public:
     ~ZuParticleEffect() override;
 
     // A count above kMaxParticles is capped, one below 0 makes an empty pool.
+    // Calling it again replaces the pool and keeps emitter and effectors.
     void zuinit(int maxParticles);
     void zudestroy();
 
@@ -52,6 +53,8 @@ public:
     const int* getTaken() const { return taken; }
 
 private:
+    void freePool();
+
     ZuRandom* random;
     ZuParticleEmitterBase* emitter = nullptr;
     qz::array<ZuParticleEffectorBase*> effectors;
