@@ -5,6 +5,7 @@
 #include "parse/ZuParseEffectFilter.h"
 #include "parse/ZuParseFaceBeautify.h"
 #include "parse/ZuParseMgr.h"
+#include "parse/ZuParseParticle.h"
 #include "parse/ZuParseSound.h"
 #include "parse/ZuParseTimeOut.h"
 
@@ -14,5 +15,6 @@ void registerBuiltinItemTypes(ZuParseMgr* mgr, const CfgFilter& filter) {
     mgr->registDictionary("faceBeautify", ZuParseFaceBeautify::parseFaceBeautify);
     mgr->registDictionary("anim", ZuParse2DAni::parse2DAni);
     mgr->registDictionary("EffectFilter", ZuParseEffectFilter::parseEffectFilter);
+    mgr->registDictionary("particle", ZuParseParticle::parseParticle);
     if (CfgFilter::isOn(filter.audio)) mgr->registDictionary("audio", ZuParseSound::parseSound);
 }

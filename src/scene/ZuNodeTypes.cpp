@@ -18,6 +18,7 @@
 #include "node/filter/ZuFilterMultiMaterial.h"
 #include "node/filter/ZuFilterNode.h"
 #include "node/filter/ZuFilterOutter.h"
+#include "particle/ZuParticleNode.h"
 #include "node/output/ZuIconNode.h"
 #include "node/output/ZuInputFboRenderNode.h"
 #include "node/camera/ZuSeparationBackgroundExtTextureNode.h"
@@ -66,4 +67,5 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuFaceBeautifyNode", zuCreateNodeOfType<ZuFaceBeautifyNode>);
     creator->registCreateFunc("ZuFaceBeautifyExpand01Node", zuCreateNodeOfType<ZuFaceBeautifyExpand01Node>);
     creator->registCreateFunc("ZuBeautyNode", zuCreateNodeOfType<ZuBeautyNode>);
+    creator->registCreateFunc("ZuParticleNode", zuCreateNodeOfType<ZuParticleNode>);
 }
