@@ -117,6 +117,16 @@ void ZuParseParticle::parseListText(ZuAppMain* app, ZuParseParticle* data, const
             config.emitterX = static_cast<float>(bounded(atof(x.c_str())));
             config.emitterY = static_cast<float>(bounded(atof(y.c_str())));
         }
+        // An emitter on the face: the standard landmark it follows, as a
+        // number or a decimal string; anything outside 0..40 stays on screen.
+        if (const rapidjson::Value* index = member(entry, "index")) {
+            int value = -1;
+            if (index->IsInt()) value = index->GetInt();
+            else if (index->IsString()) value = atoi(index->GetString());
+            if (value >= 0 && value <= 40) config.bindIndex = value;
+            else QZLOGW("particle list %s: landmark index out of 0..40, emitter stays on the screen",
+                        data->particleFile.c_str());
+        }
         // Names come from the package: a path inside one would reach files
         // outside it.
         if (config.emitterName.find("..") != std::string::npos) {
@@ -308,6 +318,8 @@ void ZuParseParticle::generate(int newResUID, const char* sceneName, char* direc
             node->setBlendMode(c.blendMode.c_str());
         }
         node->setEffect(effect, c.blendMode.c_str());
+        if (c.bindIndex >= 0) node->bindToLandmark(c.bindIndex, c.emitterX, c.emitterY);
+        node->setpersonID(personID > 0 ? personID : 1);
         node->setresUID(resUID);
         _addNode(node);
     }

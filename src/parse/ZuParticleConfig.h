@@ -10,6 +10,9 @@ struct ZuParticleConfig {
     std::string particleName;
     std::string emitterName;
     float emitterX = 0, emitterY = 0;
+    // Standard landmark index the emitter rides on ("index"); -1 keeps it
+    // where "emmitterPos" puts it on the screen.
+    int bindIndex = -1;
     int alphaStart = 0, alphaEnd = 0;
     float scaleStart = 0, scaleEnd = 0, minScaleMultiplier = 0;
     std::string colorStart, colorEnd;

@@ -1,18 +1,22 @@
 #include "particle/ZuParticleNode.h"
 
-#include "basesys/ZuGBase.h"
 #include "basesys/Camera.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
+#include "basesys/ZuGBase.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "basesys/ZuGlobalParam.h"
+#include "data/ZuDetectBase.h"
+#include "data/ZuDetectMgr.h"
+#include "node/face/ZuNodePerson.h"
 #include "particle/ZuParticleEffect.h"
+#include "person/ZuPerson.h"
+#include "render/ZuRenderCamera.h"
 #include "render/command/RENDERSTREAMTYPE.h"
 #include "render/material/ZuMaterial.h"
 #include "render/mesh/ZuRenderMesh.h"
 #include "render/object/ZuRenderObject.h"
 #include "render/texture/ZuTexture.h"
-#include "render/ZuRenderCamera.h"
 
 #include <GLES2/gl2.h>
 
@@ -88,8 +92,13 @@ void ZuParticleNode::update(float ms) {
     // them to the output. A camera never adapted has none: keep 1 then.
     ZuConfig* config = ZuGBase::configOf(app);
     Camera* camera = config ? config->getCamera(getSceneName().c_str()) : nullptr;
-    if (camera && camera->adaptScale.x > 0.0f && camera->adaptScale.y > 0.0f)
-        setScaleX(camera->adaptScale.x, camera->adaptScale.y, 1.0f);
+    float scaleX = 1.0f, scaleY = 1.0f;
+    if (camera && camera->adaptScale.x > 0.0f && camera->adaptScale.y > 0.0f) {
+        scaleX = camera->adaptScale.x;
+        scaleY = camera->adaptScale.y;
+        setScaleX(scaleX, scaleY, 1.0f);
+    }
+    if (bindIndex >= 0) followLandmark(scaleX, scaleY);
     ZuNode::update(ms);
     ZuRenderObject* object = getRenderObject();
     if (!effect || !object || !mesh || !material) return;
@@ -103,6 +112,24 @@ void ZuParticleNode::update(float ms) {
     applyBlend();
     object->setMesh(mesh);
     object->setMaterial(material);
+}
+
+void ZuParticleNode::bindToLandmark(int standardIndex, float x, float y) {
+    bindIndex = standardIndex;
+    anchorX = x;
+    anchorY = y;
+}
+
+// The node's origin goes where the anchor, scaled like every particle, lands
+// on the landmark (scene pixels, y up, as persons keep them).
+void ZuParticleNode::followLandmark(float scaleX, float scaleY) {
+    ZuPerson* person = ZuNodePerson::of(this);
+    ZuDetectMgr* detectMgr = detectMgrOf(app);
+    ZuDetectBase* detect = detectMgr ? detectMgr->getDetect() : nullptr;
+    if (!person || !person->getExist() || !detect) return;
+    int index = detect->transformIndex(bindIndex);
+    if (index < 0 || index >= person->getFacePtNum()) index = 0;
+    setPositionX(person->getFaceDataX(index) - anchorX * scaleX, person->getFaceDataY(index) - anchorY * scaleY, 0.0f);
 }
 
 void ZuParticleNode::render() {

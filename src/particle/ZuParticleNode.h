@@ -26,6 +26,12 @@ public:
     void setBlendMode(const char* mode);
     // Retains; null draws nothing.
     void setTexture(ZuTexture* texture);
+    // Rides the node on a standard landmark of its person: the effect's point
+    // (x, y), in design pixels, is kept on that landmark, so the particles
+    // move with the face. While the face is away the node stays where it was
+    // last seen. A negative index unbinds.
+    void bindToLandmark(int standardIndex, float x, float y);
+    int getBindIndex() const { return bindIndex; }
 
     ZuParticleEffect* getEffect() const { return effect; }
     const qz::string& getBlendMode() const { return blendMode; }
@@ -35,10 +41,13 @@ public:
 private:
     void applyBlend();
     void uploadVertices();
+    void followLandmark(float scaleX, float scaleY);
 
     qz::string blendMode = "normal";
     ZuTexture* texture = nullptr;
     ZuParticleEffect* effect = nullptr;
     ZuRenderMesh* mesh = nullptr;
     ZuMaterial* material = nullptr;
+    int bindIndex = -1;
+    float anchorX = 0.0f, anchorY = 0.0f;
 };

@@ -155,7 +155,7 @@ TEST_F(ParticlePackageTest, APackageItemDrawsItsEmitters) {
     dir.write("fx/config.json", R"({"version": 2, "param": [
         {"type": "particle", "id": "sparks", "particle_name": "list"}]})");
     dir.write("fx/list.json", R"([
-        {"id": 1, "emitterName": "spark", "particleName": "p", "emmitterPos": {"x": "32", "y": "32"}},
+        {"id": 1, "emitterName": "spark", "particleName": "p", "emmitterPos": {"x": "32", "y": "32"}, "index": 22},
         "skipped",
         {"id": 2, "emitterName": "missing", "emmitterPos": {"x": "5", "y": "5"}}])");
     dir.write("fx/spark.json", R"({"alpha": {"start": 1, "end": 1}, "scale": {"start": 0.04, "end": 0.04},
@@ -183,6 +183,7 @@ TEST_F(ParticlePackageTest, APackageItemDrawsItsEmitters) {
     EXPECT_EQ(node->getEffect()->getLiveCount(), 4);
     EXPECT_EQ(node->getBlendMode(), "normal");
     EXPECT_EQ(node->getresUID(), 5);
+    EXPECT_EQ(node->getBindIndex(), 22);  // rides on the lower inner lip
     // The second emitter has no parameter file: its node stands and draws
     // nothing.
     auto* empty = dynamic_cast<ZuParticleNode*>(nodes->getNode("s_sparks_2_5"));

@@ -1,8 +1,13 @@
 // The particle node on a real scene: its quads land where the effect puts
 // them, in the stream and with the blend the node names, and an effect with
 // nothing alive draws nothing.
+#include "basesys/Camera.h"
 #include "basesys/ZuAppMain.h"
+#include "basesys/ZuAppNative.h"
+#include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
+#include "data/ZuDetectBase.h"
+#include "data/ZuDetectMgr.h"
 #include "particle/ZuParticleEffect.h"
 #include "particle/ZuParticleEffectorColor.h"
 #include "particle/ZuParticleEffectorScale.h"
@@ -138,4 +143,85 @@ TEST_F(ParticleNodeTest, AnEffectWithNothingAliveDrawsNothing) {
     const std::vector<uint8_t> pixels = scenePixels();
     for (int y = 0; y < kSize; ++y)
         for (int x = 0; x < kSize; ++x) ASSERT_LT(at(pixels, x, y)[1], 200) << x << "," << y;
+}
+
+namespace {
+
+// One FP face record (camera pixels, y down) with the named points; every
+// other point sits at (32, 60).
+std::vector<uint8_t> faceRecord(const std::vector<std::pair<int, std::pair<float, float>>>& points) {
+    std::vector<uint8_t> bytes;
+    auto put = [&bytes](const void* value) {
+        const uint8_t* b = static_cast<const uint8_t*>(value);
+        bytes.insert(bytes.end(), b, b + 4);
+    };
+    int32_t count = 1;
+    put(&count);
+    float angles[3] = {0, 0, 0};
+    for (float& a : angles) put(&a);
+    int32_t rect[4] = {0, 0, kSize, kSize};
+    for (int32_t& r : rect) put(&r);
+    for (int i = 0; i < 106; ++i) {
+        std::pair<float, float> p(32.0f, 60.0f);
+        for (const auto& named : points)
+            if (named.first == i) p = named.second;
+        put(&p.first);
+        put(&p.second);
+    }
+    return bytes;
+}
+
+// Centre of the green pixels, or (-1, -1) when there are none.
+std::pair<int, int> greenCentre(const std::vector<uint8_t>& pixels) {
+    long sx = 0, sy = 0, n = 0;
+    for (int y = 0; y < kSize; ++y)
+        for (int x = 0; x < kSize; ++x) {
+            const uint8_t* p = &pixels[(static_cast<size_t>(y) * kSize + x) * 4];
+            if (p[1] > 200 && p[0] < 50 && p[2] < 50) sx += x, sy += y, ++n;
+        }
+    return n ? std::make_pair(static_cast<int>(sx / n), static_cast<int>(sy / n)) : std::make_pair(-1, -1);
+}
+
+} // namespace
+
+// An emitter bound to a landmark keeps its point on that landmark: the
+// particles move with the face, and stay where they were while it is away.
+TEST_F(ParticleNodeTest, AnEmitterBoundToALandmarkFollowsTheFace) {
+    Camera* camera = app->getGlobalMgr()->getConfig()->getCamera("pt");
+    camera->width = camera->height = kSize;  // records are turned into this frame
+    camera->angle = 0;
+    app->getAppInter()->setDetectType(DETECTTYPE_FP);
+    frame();
+    const uint8_t green[4] = {0, 255, 0, 255};
+    ZuParticleNode* node = addParticle(5, 5, green, "normal");
+    ASSERT_NE(node, nullptr);
+    // The emitter wakes its particle at its rate, within a few frames.
+    for (int i = 0; i < 100 && node->getEffect()->getLiveCount() == 0; ++i) frame();
+    ASSERT_EQ(node->getEffect()->getLiveCount(), 1);
+    const int mouth = 22;  // standard index of the inner lip, lower centre
+    node->setpersonID(1);
+    node->bindToLandmark(mouth, 5, 5);
+    const int bound = app->getGlobalMgr()->getDetectMgr()->getDetect()->transformIndex(mouth);
+    auto showFaceWithMouthAt = [&](float x, float yDown) {
+        const std::vector<uint8_t> record = faceRecord({{bound, {x, yDown}}});
+        for (int i = 0; i < 3; ++i) {
+            app->getAppInter()->setDetectData("pt", record.data(), static_cast<int>(record.size()));
+            frame();
+        }
+    };
+    showFaceWithMouthAt(20.0f, 44.0f);  // y up in the scene: 64 - 44 = 20
+    std::pair<int, int> at = greenCentre(scenePixels());
+    EXPECT_NEAR(at.first, 20, 1);
+    EXPECT_NEAR(at.second, 20, 1);
+    showFaceWithMouthAt(44.0f, 24.0f);  // the face moves up and right
+    at = greenCentre(scenePixels());
+    EXPECT_NEAR(at.first, 44, 1);
+    EXPECT_NEAR(at.second, 40, 1);
+    // The face leaves: the particles stay where it was last seen.
+    const std::vector<uint8_t> none(4, 0);
+    app->getAppInter()->setDetectData("pt", none.data(), static_cast<int>(none.size()));
+    for (int i = 0; i < 5; ++i) frame();
+    at = greenCentre(scenePixels());
+    EXPECT_NEAR(at.first, 44, 1);
+    EXPECT_NEAR(at.second, 40, 1);
 }
