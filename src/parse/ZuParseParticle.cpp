@@ -320,6 +320,8 @@ void ZuParseParticle::generate(int newResUID, const char* sceneName, char* direc
         node->setEffect(effect, c.blendMode.c_str());
         if (c.bindIndex >= 0) node->bindToLandmark(c.bindIndex, c.emitterX, c.emitterY);
         node->setpersonID(personID > 0 ? personID : 1);
+        node->getTriggers().loadTrigEvents(*this, sceneName, node->getpersonID(), resUID);
+        if (triggeredBy.size() > 0) node->holdUntilTriggered();
         node->setresUID(resUID);
         _addNode(node);
     }

@@ -101,7 +101,7 @@ int ZuParticleEffect::_applyNullPartilce(int num) {
 }
 
 void ZuParticleEffect::update(float seconds) {
-    if (emitter && emitter->update(seconds)) emitter->generate(this, seconds);
+    if (emitter && emitter->update(seconds) && emitting) emitter->generate(this, seconds);
     liveCount = freeCount = dataLen = 0;
     for (int i = 0; i < capacity; ++i) {
         ZuParticle& particle = particles[i];

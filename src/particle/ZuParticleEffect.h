@@ -35,6 +35,10 @@ public:
     void delEffector(ZuParticleEffectorBase* effector);
 
     void update(float seconds);
+    // A held effect wakes no new particles; those alive live on. Items that
+    // wait for a trigger (an open mouth) hold their effect until it comes.
+    void setEmitting(bool on) { emitting = on; }
+    bool isEmitting() const { return emitting; }
 
     const uint8_t* getData() const { return data; }
     int getMaxDataLen() const { return maxDataLen; }
@@ -56,6 +60,7 @@ private:
     void freePool();
 
     ZuRandom* random;
+    bool emitting = true;
     ZuParticleEmitterBase* emitter = nullptr;
     qz::array<ZuParticleEffectorBase*> effectors;
     ZuParticle* particles = nullptr;

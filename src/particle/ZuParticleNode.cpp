@@ -50,6 +50,7 @@ void ZuParticleNode::zudestroy() {
     texture = nullptr;
     qzSafeRelease(material);
     qzSafeRelease(mesh);
+    triggers.clearAll();
     ZuNode::zudestroy();
 }
 
@@ -112,6 +113,18 @@ void ZuParticleNode::update(float ms) {
     applyBlend();
     object->setMesh(mesh);
     object->setMaterial(material);
+}
+
+void ZuParticleNode::holdUntilTriggered() {
+    if (effect) effect->setEmitting(false);
+    listenEvent();
+}
+
+bool ZuParticleNode::procEvent(ZuEvent* event) {
+    if (!event || !effect) return true;
+    if (!effect->isEmitting() && triggers.isInStartEventListOfPackage(event, m_resUID)) effect->setEmitting(true);
+    else if (effect->isEmitting() && triggers.isInStopEventList(event, m_resUID)) effect->setEmitting(false);
+    return true;
 }
 
 void ZuParticleNode::bindToLandmark(int standardIndex, float x, float y) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "basesys/qzString.h"
+#include "event/ZuTriggerLists.h"
 #include "scene/ZuNode.h"
 
 class ZuMaterial;
@@ -33,6 +34,13 @@ public:
     void bindToLandmark(int standardIndex, float x, float y);
     int getBindIndex() const { return bindIndex; }
 
+    // Start and stop patterns of the item ("triggeredBy", "terminatedBy").
+    // With a start pattern the effect is held until one passes; a stop
+    // pattern holds it again, and the particles alive fade out on their own.
+    ZuTriggerLists& getTriggers() { return triggers; }
+    void holdUntilTriggered();
+    bool procEvent(ZuEvent* event) override;
+
     ZuParticleEffect* getEffect() const { return effect; }
     const qz::string& getBlendMode() const { return blendMode; }
     ZuMaterial* getMaterial() const { return material; }
@@ -48,6 +56,7 @@ private:
     ZuParticleEffect* effect = nullptr;
     ZuRenderMesh* mesh = nullptr;
     ZuMaterial* material = nullptr;
+    ZuTriggerLists triggers;
     int bindIndex = -1;
     float anchorX = 0.0f, anchorY = 0.0f;
 };

@@ -8,6 +8,8 @@
 #include "basesys/ZuGlobalMgr.h"
 #include "data/ZuDetectBase.h"
 #include "data/ZuDetectMgr.h"
+#include "event/ZuEvent.h"
+#include "event/ZuTriggerLists.h"
 #include "particle/ZuParticleEffect.h"
 #include "particle/ZuParticleEffectorColor.h"
 #include "particle/ZuParticleEffectorScale.h"
@@ -224,4 +226,33 @@ TEST_F(ParticleNodeTest, AnEmitterBoundToALandmarkFollowsTheFace) {
     at = greenCentre(scenePixels());
     EXPECT_NEAR(at.first, 44, 1);
     EXPECT_NEAR(at.second, 40, 1);
+}
+
+// An item with a trigger holds its effect until the trigger's event passes
+// (an open mouth) and holds it again on the terminator's (a shut mouth);
+// particles already alive live out their lives.
+TEST_F(ParticleNodeTest, ATriggeredEffectEmitsOnlyBetweenItsStartAndStopEvents) {
+    const uint8_t green[4] = {0, 255, 0, 255};
+    ZuParticleNode* node = addParticle(20, 40, green, "normal");
+    ASSERT_NE(node, nullptr);
+    node->setresUID(7);
+    node->getTriggers().pushEventToStartList(ZuTriggerLists::makeTriggerPattern("mouthopen", "", "", "pt", 1, 7));
+    node->getTriggers().pushEventToStopList(ZuTriggerLists::makeTriggerPattern("mouthclose", "", "", "pt", 1, 7));
+    node->holdUntilTriggered();
+    for (int i = 0; i < 20; ++i) frame();
+    EXPECT_EQ(node->getEffect()->getLiveCount(), 0);
+
+    ZuEvent* opened = ZuTriggerLists::makeTriggerPattern("mouthopen", "", "", "pt", 1, 7);
+    node->procEvent(opened);
+    opened->release();
+    for (int i = 0; i < 100 && node->getEffect()->getLiveCount() == 0; ++i) frame();
+    EXPECT_EQ(node->getEffect()->getLiveCount(), 1);
+    EXPECT_TRUE(node->getEffect()->isEmitting());
+
+    ZuEvent* shut = ZuTriggerLists::makeTriggerPattern("mouthclose", "", "", "pt", 1, 7);
+    node->procEvent(shut);
+    shut->release();
+    EXPECT_FALSE(node->getEffect()->isEmitting());
+    frame();
+    EXPECT_EQ(node->getEffect()->getLiveCount(), 1);  // alive until its ten seconds are up
 }
