@@ -65,17 +65,11 @@ void ZuGlobalMgr::notify(const char* name, bool built) {
 }
 
 void ZuGlobalMgr::setConfig(ZuConfig* config) {
-    if (config == m_config) return;
-    if (config) config->retain();
-    qzSafeRelease(m_config);
-    m_config = config;
+    qzAssignRetained(m_config, config);
 }
 
 void ZuGlobalMgr::setOperateMgr(ZuOperateMgr* operateMgr) {
-    if (operateMgr == m_operateMgr) return;
-    if (operateMgr) operateMgr->retain();
-    qzSafeRelease(m_operateMgr);
-    m_operateMgr = operateMgr;
+    qzAssignRetained(m_operateMgr, operateMgr);
 }
 
 void ZuGlobalMgr::init() {

@@ -83,9 +83,7 @@ void ZuParticleNode::applyBlend() {
 }
 
 void ZuParticleNode::setTexture(ZuTexture* newTexture) {
-    if (newTexture) newTexture->retain();
-    if (texture) texture->release();
-    texture = newTexture;
+    qzAssignRetained(texture, newTexture);
 }
 
 void ZuParticleNode::update(float ms) {

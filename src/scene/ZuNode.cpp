@@ -60,15 +60,11 @@ ZuScene* ZuNode::getScene() const {
 }
 
 void ZuNode::setRenderObject(ZuRenderObject* object) {
-    if (object) object->retain();
-    qzSafeRelease(m_renderObject);
-    m_renderObject = object;
+    qzAssignRetained(m_renderObject, object);
 }
 
 void ZuNode::setSelectRenderObject(ZuRenderObject* object) {
-    if (object) object->retain();
-    qzSafeRelease(m_selectRenderObject);
-    m_selectRenderObject = object;
+    qzAssignRetained(m_selectRenderObject, object);
 }
 
 void ZuNode::setPositionX(float x, float y, float z) {

@@ -51,9 +51,7 @@ void ZuBMFontNode::init(const char* path) {
     config = read;
     ZuTexMgr* textures = texMgr();
     ZuTexture* atlas = textures ? textures->getTextureSync(config->getAtlasName().c_str()) : nullptr;
-    if (atlas) atlas->retain();
-    qzSafeRelease(texture);
-    texture = atlas;
+    qzAssignRetained(texture, atlas);
     setVisible(true);
     setScaleX(1.0f, 1.0f, 1.0f);
     setFontSize(config->getDefFontSize());

@@ -53,10 +53,7 @@ void ZuSpriteNode::setSpriteSize(float w, float h) {
 }
 
 void ZuSpriteNode::setSpriteTexture(ZuTexture* newTexture) {
-    if (newTexture == texture) return;
-    if (newTexture) newTexture->retain();
-    qzSafeRelease(texture);
-    texture = newTexture;
+    qzAssignRetained(texture, newTexture);
 }
 
 void ZuSpriteNode::update(float delta) {

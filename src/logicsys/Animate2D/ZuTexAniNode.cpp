@@ -62,9 +62,7 @@ void ZuTexAniNode::zudestroy() {
 
 void ZuTexAniNode::setTexture(ZuTexture* newTexture) {
     if (newTexture == texture) return;
-    if (newTexture) newTexture->retain();
-    qzSafeRelease(texture);
-    texture = newTexture;
+    qzAssignRetained(texture, newTexture);
     _initRender();
     setSpeed(speed);
 }

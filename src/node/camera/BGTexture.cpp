@@ -22,10 +22,7 @@
 BGTexture::~BGTexture() { destroyTexture(); }
 
 void BGTexture::assign(ZuTexture*& slot, ZuTexture* texture) {
-    if (slot == texture) return;
-    if (texture) texture->retain();
-    qzSafeRelease(slot);
-    slot = texture;
+    qzAssignRetained(slot, texture);
 }
 
 ZuRenderData* BGTexture::renderDataOf(ZuAppMain* app) { return ZuRenderMgr::renderDataOf(app); }

@@ -8,10 +8,7 @@
 namespace {
 
 void assign(ZuTexture*& slot, ZuTexture* texture) {
-    if (slot == texture) return;
-    if (texture) texture->retain();
-    qzSafeRelease(slot);
-    slot = texture;
+    qzAssignRetained(slot, texture);
 }
 
 // One byte per pixel of the texture's size.

@@ -29,10 +29,7 @@ void ZuBeauFilterNode::setFilterType(ZUBEAUFILTERTYPE type) {
 }
 
 void ZuBeauFilterNode::setFilterTex(int index, ZuTexture* texture) {
-    if (filterTex[index] == texture) return;
-    if (texture) texture->retain();
-    qzSafeRelease(filterTex[index]);
-    filterTex[index] = texture;
+    qzAssignRetained(filterTex[index], texture);
 }
 
 void ZuBeauFilterNode::loadFilter() {

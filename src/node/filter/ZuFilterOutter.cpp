@@ -38,9 +38,7 @@ void ZuFilterOutter::releaseOwned() {
 
 void ZuFilterOutter::setMaterial(ZuMaterial* value) {
     if (value != material) {
-        if (value) value->retain();
-        qzSafeRelease(material);
-        material = value;
+        qzAssignRetained(material, value);
     }
     if (getRenderObject()) getRenderObject()->setMaterial(material);
 }

@@ -74,10 +74,7 @@ void ZuDataTransNode::zudestroy() {
 }
 
 void ZuDataTransNode::setShareSwap(ZuDataSwap* swap) {
-    if (swap == shareSwap) return;
-    if (swap) swap->retain();
-    qzSafeRelease(shareSwap);
-    shareSwap = swap;
+    qzAssignRetained(shareSwap, swap);
 }
 
 void ZuDataTransNode::setOutFormate(OUTSTEAMTYPE value, int width, int height) {

@@ -74,9 +74,7 @@ void ZuDataTransNodeOutData::setOutFormate(OUTSTEAMTYPE value, int width, int he
 }
 
 void ZuDataTransNodeOutData::setDataCache(ZuDataSwapCache* ring) {
-    if (ring) ring->retain();
-    qzSafeRelease(cache);
-    cache = ring;
+    qzAssignRetained(cache, ring);
     if (!readObject) readObject = new ZuReadPixelRenderObjDataOut(app);
     readObject->setCache(cache);
 }

@@ -9,13 +9,9 @@ ZuRenderCmdSpe::~ZuRenderCmdSpe() {
 }
 
 void ZuRenderCmdSpe::setMesh(ZuRenderMesh* value) {
-    if (value) value->retain();
-    qzSafeRelease(mesh);
-    mesh = value;
+    qzAssignRetained(mesh, value);
 }
 
 void ZuRenderCmdSpe::setMaterial(ZuMaterial* value) {
-    if (value) value->retain();
-    qzSafeRelease(material);
-    material = value;
+    qzAssignRetained(material, value);
 }

@@ -7,10 +7,7 @@
 ZuFboBeginRenderObject::~ZuFboBeginRenderObject() { qzSafeRelease(fbo); }
 
 void ZuFboBeginRenderObject::setFbo(ZuFboObject* target) {
-    if (target == fbo) return;
-    if (target) target->retain();
-    qzSafeRelease(fbo);
-    fbo = target;
+    qzAssignRetained(fbo, target);
 }
 
 void ZuFboBeginRenderObject::pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) {

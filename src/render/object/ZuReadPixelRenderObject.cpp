@@ -62,10 +62,7 @@ void ZuReadPixelRenderObject::setParam(int outWidth, int outHeight, int outForma
 }
 
 void ZuReadPixelRenderObject::setDataSwap(ZuDataSwap* swap) {
-    if (swap == dataSwap) return;
-    if (swap) swap->retain();
-    qzSafeRelease(dataSwap);
-    dataSwap = swap;
+    qzAssignRetained(dataSwap, swap);
 }
 
 void ZuReadPixelRenderObject::pushCmd(ZuRenderScene* scene, RENDERSTREAMTYPE stream, const char* label) {
