@@ -11,6 +11,7 @@
 #include "data/ZuDataGenCamera.h"
 #include "data/ZuDataMgr.h"
 #include "data/ZuDataSwap.h"
+#include "data/ZuGifMgr.h"
 #include "data/ZuDetectMgr.h"
 #include "event/ZuActionLocation.h"
 #include "event/ZuEventMgr.h"
@@ -334,6 +335,16 @@ void ZuAppNative::createOutputTextureScaleNode(const char* name, const char* nod
     if (canPush())
         push(new ZuOperateCreateOutputTexScaleNode(app, name, nodeName, static_cast<PIXELFORMATE>(pixelFormat),
                                                    mirror, invert, width, height));
+}
+
+void ZuAppNative::startRecordGif(const char* name, const char* path, int width, int height) {
+    ZuGlobalMgr* managers = ZuGBase::managersOf(app);
+    if (canPush() && managers->getGifMgr()) managers->getGifMgr()->startRecordGif(name, path, width, height);
+}
+
+void ZuAppNative::stopRecordGif() {
+    ZuGlobalMgr* managers = ZuGBase::managersOf(app);
+    if (managers && managers->getGifMgr()) managers->getGifMgr()->stopRecordGif();
 }
 
 void ZuAppNative::setOutData(const char* nodeName, bool mirror, bool invert) {

@@ -78,6 +78,11 @@ public:
                                       bool invert, int width, int height);
     // At once, on an output texture node of that name.
     void setOutData(const char* nodeName, bool mirror, bool invert);
+    // At once, on the render thread: records the scene's picture, scaled to
+    // width x height, into an animated GIF until stopRecordGif. The file is
+    // complete once ZuGifMgr::isBusy() turns false.
+    void startRecordGif(const char* name, const char* path, int width, int height);
+    void stopRecordGif();
 
     // Effect packages: a directory holding "config.json". The default resUID
     // is 250, the default slot 0; a package loaded into a taken slot under

@@ -5,6 +5,7 @@
 #include "basesys/ZuFileMgr.h"
 #include "data/ZuDataMgr.h"
 #include "data/ZuDetectMgr.h"
+#include "data/ZuGifMgr.h"
 #include "data/ZuMeshDataMgr.h"
 #include "event/ZuEventMgr.h"
 #include "logicsys/ZuLogicMgr.h"
@@ -102,6 +103,7 @@ void ZuGlobalMgr::init() {
     construct(m_detectMgr, "ZuDetectMgr");
     build(m_operateQueue, "ZuOperateQueue");
     build(m_basicSys, "ZuBasicSys");
+    build(m_gifMgr, "ZuGifMgr");
 }
 
 void ZuGlobalMgr::destroy() {
@@ -114,6 +116,7 @@ void ZuGlobalMgr::destroy() {
     teardown(m_logicMgr, "ZuLogicMgr");
     teardown(m_renderMgr, "ZuRenderMgr");
     teardown(m_texMgr, "ZuTexMgr");
+    teardown(m_gifMgr, "ZuGifMgr");
     teardown(m_shaderMgr, "ZuShaderMgr");
     teardown(m_personSys, "ZuPersonSys");
     teardown(m_parseMgr, "ZuParseMgr");
@@ -137,6 +140,7 @@ void ZuGlobalMgr::update(float delta) {
     if (m_sceneMgr) m_sceneMgr->update(delta);
     if (m_texMgr) m_texMgr->removeUnuseTexture();
     if (m_fboMgr) m_fboMgr->update(delta);
+    if (m_gifMgr) m_gifMgr->update(delta);
 }
 
 void ZuGlobalMgr::renderScene(const char* sceneName) {

@@ -24,6 +24,7 @@ class ZuOperateQueue;
 class ZuDetectMgr;
 class ZuMeshDataMgr;
 class ZuPersonSys;
+class ZuGifMgr;
 
 // Owns every manager of one engine and runs them in a fixed order: start-up
 // in init, shut-down in destroy, and the frame in update. The file manager
@@ -69,6 +70,7 @@ public:
     ZuDetectMgr* getDetectMgr() const { return m_detectMgr; }
     ZuMeshDataMgr* getMeshDataMgr() const { return m_meshDataMgr; }
     ZuPersonSys* getPersonSys() const { return m_personSys; }
+    ZuGifMgr* getGifMgr() const { return m_gifMgr; }
 
     // An integration class may set its own config (or operation manager)
     // before start-up; the global manager then keeps it and takes a reference.
@@ -108,6 +110,7 @@ private:
     ZuDetectMgr* m_detectMgr = nullptr;
     ZuMeshDataMgr* m_meshDataMgr = nullptr;
     ZuPersonSys* m_personSys = nullptr;
+    ZuGifMgr* m_gifMgr = nullptr;
 
     LifecycleObserver m_observer;
 };

@@ -1,6 +1,8 @@
 #include "CameraFrameConverter.h"
 #include "HostEngine.h"
+#include "support/TempDir.h"
 
+#include <gif_lib.h>
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -75,3 +77,39 @@ TEST(HostEngine, ReportsAPackageThatFailsToParse) {
     engine.waitForEffects(false, 3000);
     EXPECT_EQ(engine.failedEffects(), 1);
 }
+
+// The host renders each frame twice on ES 3 (for the late read-back); with a
+// stepped clock the GIF still holds one picture per frame, each lasting the
+// frame's 1/fps, in the order shown.
+TEST(HostEngine, RecordsOneGifFramePerRenderedFrameAtTheClipsRate) {
+    TempDir dir;
+    const std::string path = dir.path() + "/clip.gif";
+    HostEngine engine;
+    ASSERT_TRUE(engine.start(QZ_SOURCE_DIR "/assets/"));
+    engine.setupScene(kSide, kSide, CameraFrameConverter::RGBA, 1);
+    engine.useFrameRate(10);
+    for (int i = 0; i < 3; ++i) {
+        engine.pushFrame(splitFrame(i == 1));
+        if (i == 0) ASSERT_TRUE(engine.startGif(path, kSide, kSide));
+        engine.renderFrame();
+    }
+    ASSERT_TRUE(engine.finishGif(10000));
+    engine.stop();
+
+    int error = 0;
+    GifFileType* gif = DGifOpenFileName(path.c_str(), &error);
+    ASSERT_NE(gif, nullptr);
+    ASSERT_NE(DGifSlurp(gif), GIF_ERROR);
+    ASSERT_EQ(gif->ImageCount, 3);
+    for (int i = 0; i < 3; ++i) {
+        GraphicsControlBlock control;
+        DGifSavedExtensionToGCB(gif, i, &control);
+        EXPECT_EQ(control.DelayTime, 10) << "frame " << i;
+        // Top-left pixel of the file: the top half is red, blue when swapped.
+        const SavedImage& image = gif->SavedImages[i];
+        const GifColorType& c = image.ImageDesc.ColorMap->Colors[image.RasterBits[5]];
+        EXPECT_EQ(c.Red > c.Blue, i != 1) << "frame " << i;
+    }
+    DGifCloseFile(gif, &error);
+}
+

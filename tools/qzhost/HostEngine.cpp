@@ -8,6 +8,7 @@
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "data/DETECTTYPE.h"
+#include "data/ZuGifMgr.h"
 #include "event/ZuEventMgr.h"
 #include "platform/ZuHeadlessContext.h"
 
@@ -130,7 +131,42 @@ void HostEngine::settle(const std::vector<uint8_t>& frame, const std::vector<uin
     }
 }
 
+void HostEngine::useFrameRate(int fps) {
+    if (fps <= 0) return;
+    m_frameStepMicros = 1000000 / fps;
+    m_app->setClock([this] {
+        return ZuAppMain::WallTime{m_clockMicros / 1000000, m_clockMicros % 1000000};
+    });
+    m_app->setFirstGetDert(true); // no delta across the change of clocks
+}
+
+bool HostEngine::startGif(const std::string& path, int width, int height) {
+    m_app->getAppInter()->startRecordGif(kSceneName, path.c_str(), width, height);
+    return gifBusy();
+}
+
+bool HostEngine::gifBusy() const {
+    ZuGifMgr* gif = m_app->getGlobalMgr()->getGifMgr();
+    return gif && gif->isBusy();
+}
+
+bool HostEngine::finishGif(int timeoutMs) {
+    ZuGifMgr* gif = m_app->getGlobalMgr()->getGifMgr();
+    if (!gif || !gif->isRecording()) return false;
+    // The recording reads at the start of a tick what the last one drew.
+    m_clockMicros += m_frameStepMicros;
+    tick();
+    const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMs);
+    while (gif->pendingFrames() > 0 && std::chrono::steady_clock::now() < until)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    m_app->getAppInter()->stopRecordGif();
+    while (gif->isBusy() && std::chrono::steady_clock::now() < until)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    return !gif->isBusy();
+}
+
 void HostEngine::renderFrame() {
+    m_clockMicros += m_frameStepMicros;
     tick();
     // The frame just rendered is read into a pixel buffer that the next
     // tick hands out: render it once more so that fetch() returns it.

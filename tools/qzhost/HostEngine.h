@@ -54,6 +54,17 @@ public:
     // when no frame has come back.
     bool fetch(std::vector<uint8_t>& out);
 
+    // From now on the engine's clock moves 1000/fps ms per rendered frame
+    // instead of following the wall clock, so animations and GIF delays keep
+    // the clip's rate however fast this machine renders.
+    void useFrameRate(int fps);
+    // Records the output into an animated GIF of width x height, starting
+    // with the next rendered frame. False when the engine refused it.
+    bool startGif(const std::string& path, int width, int height);
+    // Hands the last rendered frame to the recording, waits for the encoder
+    // to take every frame, then finishes the file. False after timeoutMs.
+    bool finishGif(int timeoutMs);
+
     // Packages whose load failed, and those still loading.
     int failedEffects() const;
     void reportPendingEffects() const;
@@ -61,7 +72,12 @@ public:
     void stop();
 
 private:
+    bool gifBusy() const;
+
     bool m_es3 = false;
+    // Stepped clock (useFrameRate): microseconds, and the step per frame; 0: wall clock.
+    int64_t m_clockMicros = 0;
+    int64_t m_frameStepMicros = 0;
     ZuAppMain* m_app = nullptr;
     PackageWatcher* m_watcher = nullptr;
 };

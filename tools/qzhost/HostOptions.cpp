@@ -79,6 +79,14 @@ void HostOptions::printUsage(FILE* to) {
             "  --warmup MS        tick the first frame for MS milliseconds before\n"
             "                     reading back, so that look-up images and other\n"
             "                     background loads have arrived (default 300)\n"
+            "  --gif FILE         also record the output as an animated GIF (looping,\n"
+            "                     one 256-colour palette a frame)\n"
+            "  --gif-width N      width of the GIF, height in proportion (default: the\n"
+            "                     input's width, at most 360)\n"
+            "  --fps N            the clip's frame rate: the engine's clock moves\n"
+            "                     1000/N ms a frame instead of following the wall\n"
+            "                     clock, so animations keep the clip's pace (default\n"
+            "                     25 with --gif, else the wall clock)\n"
             "  --quiet            no progress bar\n"
             "  --help             show this text\n"
             "\n"
@@ -89,6 +97,8 @@ void HostOptions::printUsage(FILE* to) {
             "  qzhost --landmarks samples/faces/astronaut.landmarks.json --detect as \\\n"
             "         --write-record astronaut.as.rec samples/photos/astronaut.png\n"
             "  qzhost --effect samples/packages/filter_pink --compare --out out \\\n"
+            "         samples/photos/astronaut.png\n"
+            "  qzhost --effect samples/packages/sticker_snow --frames 50 --gif snow.gif \\\n"
             "         samples/photos/astronaut.png\n"
             "  qzhost --raw cam.nv21 --size 640x480 --output-format nv21 --raw-out out.nv21\n");
 }
@@ -109,6 +119,18 @@ bool HostOptions::takeValue(int argc, char** argv, int& i, std::string& value) c
     return true;
 }
 
+bool HostOptions::takeNumber(int argc, char** argv, int& i, int min, int max, const char* what, int& out) const {
+    const char* option = argv[i];
+    std::string value;
+    if (!takeValue(argc, argv, i, value)) return false;
+    char* end = nullptr;
+    long number = strtol(value.c_str(), &end, 10);
+    if (value.empty() || *end != '\0' || number < min || number > max)
+        return fail("%s wants %s from %d to %d, not '%s'", option, what, min, max, value.c_str());
+    out = static_cast<int>(number);
+    return true;
+}
+
 HostOptions::Outcome HostOptions::parse(int argc, char** argv) {
     bool ok = true;
     for (int i = 1; i < argc && ok; ++i) {
@@ -117,13 +139,7 @@ HostOptions::Outcome HostOptions::parse(int argc, char** argv) {
         if (arg == "--help" || arg == "-h") {
             return Outcome::Help;
         } else if (arg == "--frames") {
-            if (!(ok = takeValue(argc, argv, i, value))) break;
-            char* end = nullptr;
-            long frames = strtol(value.c_str(), &end, 10);
-            if (value.empty() || *end != '\0' || frames < 1 || frames > 100000)
-                ok = fail("--frames wants a number from 1 to 100000, not '%s'", value.c_str());
-            else
-                this->frames = static_cast<int>(frames);
+            ok = takeNumber(argc, argv, i, 1, 100000, "a number", frames);
         } else if (arg == "--assets") {
             ok = takeValue(argc, argv, i, assets);
         } else if (arg == "--raw") {
@@ -173,13 +189,13 @@ HostOptions::Outcome HostOptions::parse(int argc, char** argv) {
         } else if (arg == "--write-record") {
             ok = takeValue(argc, argv, i, writeRecord);
         } else if (arg == "--warmup") {
-            if (!(ok = takeValue(argc, argv, i, value))) break;
-            char* end = nullptr;
-            long ms = strtol(value.c_str(), &end, 10);
-            if (value.empty() || *end != '\0' || ms < 0 || ms > 60000)
-                ok = fail("--warmup wants milliseconds from 0 to 60000, not '%s'", value.c_str());
-            else
-                warmupMs = static_cast<int>(ms);
+            ok = takeNumber(argc, argv, i, 0, 60000, "milliseconds", warmupMs);
+        } else if (arg == "--gif") {
+            ok = takeValue(argc, argv, i, gifPath);
+        } else if (arg == "--gif-width") {
+            ok = takeNumber(argc, argv, i, 16, 2048, "pixels", gifWidth);
+        } else if (arg == "--fps") {
+            ok = takeNumber(argc, argv, i, 1, 120, "frames a second", fps);
         } else if (arg == "--compare") {
             compare = true;
         } else if (arg == "--quiet") {
@@ -225,6 +241,11 @@ bool HostOptions::check() {
         return fail("--write-record needs one landmark file, not the folder '%s'", landmarks.c_str());
     if (!outDir.empty() && !isDirectory(outDir) && mkdir(outDir.c_str(), 0755) != 0)
         return fail("cannot make the output folder '%s'", outDir.c_str());
+    if (!gifPath.empty() && outputType != 1 && outputType != 5)
+        return fail("--gif records the picture: it needs rgba or bgra output");
+    if (gifWidth != 0 && gifPath.empty()) return fail("--gif-width belongs to --gif");
+    // A GIF's delays follow the clip, not this machine's speed.
+    if (!gifPath.empty() && fps == 0) fps = 25;
     if (access(assets.c_str(), R_OK) != 0) return fail("cannot read the assets folder '%s'", assets.c_str());
     if (assets.back() != '/') assets += '/';
     return true;

@@ -38,12 +38,15 @@ public:
     FaceRecordBuilder::Backend detect = FaceRecordBuilder::Backend::FP;
     bool detectGiven = false;
     bool showPoints = false;
-    bool compare = false;
-    int warmupMs = 300;     // --warmup MS: ticks on the first frame before reading   // --compare: input and output side by side
+    bool compare = false;   // --compare: input and output side by side
+    int warmupMs = 300;     // --warmup MS: ticks on the first frame before reading
     std::string writeRecord; // --write-record FILE
 
     std::string outDir;     // --out DIR
     std::string rawOut;     // --raw-out FILE
+    std::string gifPath;    // --gif FILE
+    int gifWidth = 0;       // --gif-width N; 0: the input's width, at most 360
+    int fps = 0;            // --fps N; 0: the wall clock
     int frames = 0;         // 0: every frame of the input
     std::string assets = "assets";
     bool quiet = false;     // no progress bar
@@ -54,5 +57,7 @@ public:
 private:
     bool fail(const char* format, ...) const;
     bool takeValue(int argc, char** argv, int& i, std::string& value) const;
+    // An integer option from min to max; what names its unit in the complaint.
+    bool takeNumber(int argc, char** argv, int& i, int min, int max, const char* what, int& out) const;
     bool check();
 };

@@ -10,6 +10,7 @@
 #include "OutputWriter.h"
 #include "ProgressBar.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <vector>
@@ -106,6 +107,13 @@ int main(int argc, char** argv) {
         }
     }
 
+    if (options.fps > 0) engine.useFrameRate(options.fps);
+    int gifWidth = 0, gifHeight = 0;
+    if (!options.gifPath.empty()) {
+        gifWidth = options.gifWidth > 0 ? options.gifWidth : std::min(width, 360);
+        gifHeight = std::max(2, static_cast<int>(static_cast<long long>(gifWidth) * height / width));
+    }
+
     // Room for the largest output layout, so that a read-back never overruns.
     std::vector<uint8_t> output(static_cast<size_t>(width) * height * 4);
     std::vector<uint8_t> frame, camera;
@@ -129,6 +137,12 @@ int main(int argc, char** argv) {
             engine.pushFaceRecord(faceRecord);
         }
         engine.pushFrame(*pushed);
+        // Started with the first frame, so that the GIF's first picture is it.
+        if (index == 1 && gifWidth > 0 && !engine.startGif(options.gifPath, gifWidth, gifHeight)) {
+            fprintf(stderr, "qzhost: the engine refused to record '%s'\n", options.gifPath.c_str());
+            status = 1;
+            break;
+        }
         engine.renderFrame();
         if (engine.fetch(output)) {
             ++fetched;
@@ -142,6 +156,14 @@ int main(int argc, char** argv) {
     }
     progress.finish();
     if (!writer.close()) status = 1;
+    if (gifWidth > 0 && status == 0) {
+        if (engine.finishGif(120000))
+            printf("wrote %s (%dx%d, %d fps)\n", options.gifPath.c_str(), gifWidth, gifHeight, options.fps);
+        else {
+            fprintf(stderr, "qzhost: the GIF '%s' was not finished\n", options.gifPath.c_str());
+            status = 1;
+        }
+    }
 
     engine.reportPendingEffects();
     if (engine.failedEffects() > 0) status = 1;

@@ -12,13 +12,6 @@
 #include "render/command/ZuRenderCmdReadPixelToNodeDataSwap.h"
 #include "render/command/ZuRenderScene.h"
 
-namespace {
-
-ZuConfig* configOf(ZuAppMain* app) { return ZuGBase::configOf(app); }
-ZuPboMgr* pboMgrOf(ZuAppMain* app) { return ZuGBase::pboMgrOf(app); }
-
-} // namespace
-
 ZuReadPixelRenderObject::~ZuReadPixelRenderObject() {
     releasePbo(pbo0);
     releasePbo(pbo1);
