@@ -173,6 +173,13 @@ void ZuAppNative::setCameraMirror(const char* name, bool mirror) {
     if (ZuConfig* config = app->getGlobalMgr()->getConfig()) config->getCamera(name)->mirror = mirror;
 }
 
+void ZuAppNative::setCameraDsp(const char* name, int frameWidth, int frameHeight, int frameAngle) {
+    if (!app || app->getState() == ZU_ENG_STATE_STOPPING || !app->getGlobalMgr()) return;
+    QZ_REQUIRE(name && frameWidth > 0 && frameHeight > 0, "setCameraDsp refused: %s, %d x %d",
+               name ? name : "(no scene)", frameWidth, frameHeight);
+    if (ZuConfig* config = app->getGlobalMgr()->getConfig()) config->setCameraDsp(name, frameWidth, frameHeight, frameAngle);
+}
+
 void ZuAppNative::createBGNode(const char* name, int hostFormat) {
     if (canPush()) push(new ZuOperateSetCameraFormate(app, name, hostFormat));
 }

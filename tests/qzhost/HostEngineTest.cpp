@@ -90,7 +90,9 @@ TEST(HostEngine, RecordsOneGifFramePerRenderedFrameAtTheClipsRate) {
     engine.useFrameRate(10);
     for (int i = 0; i < 3; ++i) {
         engine.pushFrame(splitFrame(i == 1));
-        if (i == 0) ASSERT_TRUE(engine.startGif(path, kSide, kSide));
+        if (i == 0) {
+            ASSERT_TRUE(engine.startGif(path, kSide, kSide));
+        }
         engine.renderFrame();
     }
     ASSERT_TRUE(engine.finishGif(10000));

@@ -45,6 +45,10 @@ public:
     void setSceneMirror(const char* name, bool mirror);
     // At once: the mirror flag of the scene's camera record.
     void setCameraMirror(const char* name, bool mirror);
+    // At once, before the scene's first frame: the size of the frames the
+    // host will push (the sensor's picture, before turning) and the angle
+    // that turns them upright (0, 90, 180 or 270).
+    void setCameraDsp(const char* name, int frameWidth, int frameHeight, int frameAngle);
 
     // Camera backgrounds. hostFormat: 0 NV21, 1 NV12, 2 YV12, 3 I420, 4 RGBA, 5 BGRA.
     void createBGNode(const char* name, int hostFormat);
@@ -78,6 +82,9 @@ public:
                                       bool invert, int width, int height);
     // At once, on an output texture node of that name.
     void setOutData(const char* nodeName, bool mirror, bool invert);
+    // Does nothing: kept so that hosts written for the whole interface link.
+    // A thumbnail is a scene's scaled output node (createOutputTextureScaleNode).
+    void getIconData(const char* name, int width, int height, void* data) {}
     // At once, on the render thread: records the scene's picture, scaled to
     // width x height, into an animated GIF until stopRecordGif. The file is
     // complete once ZuGifMgr::isBusy() turns false.
