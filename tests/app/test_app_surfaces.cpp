@@ -1,0 +1,194 @@
+#include "FramePattern.h"
+#include "SamplePhoto.h"
+
+#include "basesys/CBrockHelp.h"
+#include "basesys/Ol2.h"
+#include "basesys/ZuAppMain.h"
+#include "basesys/ZuAppMainAsync.h"
+#include "basesys/ZuAppNative.h"
+#include "basesys/ZuConfig.h"
+#include "basesys/ZuGlobalMgr.h"
+#include "basesys/qzbrock.h"
+#include "event/ZuEffectEvent.h"
+#include "event/ZuEventMgr.h"
+#include "event/ZuEventProc.h"
+#include "support/EngineFixture.h"
+#include "support/GLTest.h"
+#include "support/LogCapture.h"
+
+#include <chrono>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+
+std::string samplePackage(const char* name) { return std::string(QZ_SOURCE_DIR) + "/samples/packages/" + name; }
+
+struct ReadyWatch : public ZuEventProc {
+    explicit ReadyWatch(ZuAppMain* app) : ZuEventProc(app) {}
+    bool procEvent(ZuEvent* event) override {
+        if (event && event->type == ZU_EVENT_EFFECT && static_cast<ZuEffectEvent*>(event)->state == 1) ready = true;
+        return true;
+    }
+    bool ready = false;
+};
+
+// The plain facade on the host's GL: one scene with a YUV camera of the
+// host code given and the output stream of the same layout, one package.
+std::vector<uint8_t> plainFacadePicture(const std::vector<uint8_t>& frame, int width, int height, int hostFormat,
+                                        int imageFormat, int outType, const std::string& package) {
+    const char* scene = "plain";
+    auto* app = new ZuAppMain();
+    app->init();
+    app->addRespath(sourceAssets().c_str());
+    app->initZuBase();
+    ZuConfig* config = app->getGlobalMgr()->getConfig();
+    config->setCameraDsp(scene, width, height, 0);
+    config->cameraImageFormat = imageFormat;
+    ZuAppNative* native = app->getAppInter();
+    native->createLogicScene(scene, width, height, width, height);
+    native->createBGNode(scene, hostFormat);
+    native->setOutSteamFormate(scene, outType, false, false);
+    auto* watch = new ReadyWatch(app);
+    app->getGlobalMgr()->getEventMgr()->registProcer(watch);
+    native->loadEffect(scene, package.c_str(), 250, 0);
+    std::vector<uint8_t> out(frame.size(), 0);
+    const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!watch->ready && std::chrono::steady_clock::now() < until) {
+        native->pushCameraData(scene, frame.data());
+        app->update();
+        app->directrender("");
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    EXPECT_TRUE(watch->ready) << "the package never became ready on the plain facade";
+    native->pushCameraData(scene, frame.data());
+    app->update();
+    app->directrender("");
+    native->fetchRenderData(scene, out.data());
+    app->getGlobalMgr()->getEventMgr()->unregistProcer(watch);
+    watch->release();
+    app->setState("test", ZU_ENG_STATE_STOPPING);
+    app->destroyZuBase();
+    app->destroy();
+    app->release();
+    return out;
+}
+
+// Pushes copies of frame through a one-scene facade until the package is
+// ready and a picture came back; the last picture.
+std::vector<uint8_t> facadePicture(ZuSceneFacade& facade, const std::vector<uint8_t>& frame, size_t hostBytes) {
+    std::vector<uint8_t> buffer;
+    const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (std::chrono::steady_clock::now() < until) {
+        buffer = frame;
+        buffer.resize(hostBytes, 0);
+        bool open = facade.getHelp()->isOutputOpen();
+        facade.pushCameraData(buffer.data());
+        if (open) return buffer;
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    ADD_FAILURE() << "the facade's output never opened";
+    return buffer;
+}
+
+class SurfaceTest : public GLTest {};
+
+} // namespace
+
+// Ol2 in its host's order (create, search path, start, camera, effect,
+// frames in the host's own NV21 memory) gives the plain facade's picture
+// of the sample photo with a colour look.
+TEST_F(SurfaceTest, Ol2MatchesPlainFacadeOnSamplePhoto) {
+    constexpr int kW = 160, kH = 160;
+    const std::vector<uint8_t> photo = rgbaToNv21(samplePhotoRgba(kW, kH), kW, kH);
+    ASSERT_EQ(photo.size(), size_t(kW * kH * 3 / 2));
+    const std::string look = samplePackage("filter_vintage");
+    const std::vector<uint8_t> expected = plainFacadePicture(photo, kW, kH, 0, 4, 2, look);
+    ASSERT_GT(maxByteDifference(expected, photo), 20) << "the look left the photo unchanged";
+
+    Ol2 ol2;
+    ol2.createEngine();
+    ol2.addSearchPath(sourceAssets().c_str());
+    ol2.startEngine(OL2_CAMERA_NV21, kW, kH, 0.0f);
+    ol2.setCameraDsp(OL2_CAMERA_NV21, kW, kH, 0.0f);
+    ol2.loadEffect(look.c_str());
+    ol2.loadEffect(samplePackage("filter_pink").c_str()); // dropped: a load is in flight
+    EXPECT_EQ(std::string(ol2.getHelp()->getCurrent().c_str()), look);
+    const std::vector<uint8_t> got = facadePicture(ol2, photo, photo.size());
+    EXPECT_LE(maxByteDifference(got, expected), 1);
+    ol2.stopEngine();
+    EXPECT_EQ(std::string(ol2.getHelp()->getCurrent().c_str()), "null");
+    ol2.destroyEngine();
+    ASSERT_TRUE(ZuHeadlessContext::instance().makeCurrent(3));
+}
+
+// qzbrock with a width whose chroma rows the camera pads (200: 100 bytes
+// padded to 112) repacks the I420 frame, runs it and unpacks the picture
+// into the padded layout: equal to the plain facade's unpadded picture.
+TEST_F(SurfaceTest, QzbrockRepacksPaddedChromaRows) {
+    constexpr int kW = 200, kH = 160;
+    ASSERT_EQ(qzbrock::chromaStride(kW), 112);
+    ASSERT_EQ(qzbrock::chromaStride(1280), 640) << "a 1280 frame is not padded";
+    const std::vector<uint8_t> photo = nv21ToI420(rgbaToNv21(samplePhotoRgba(kW, kH), kW, kH), kW, kH);
+    const std::string look = samplePackage("filter_vintage");
+    const std::vector<uint8_t> expected = plainFacadePicture(photo, kW, kH, 3, 2, 4, look);
+
+    // The host's padded layout: U rows then V rows at 112 bytes.
+    const int stride = 112, chromaRows = kH / 2, luma = kW * kH;
+    const size_t hostBytes = luma + 2 * size_t(stride) * ((chromaRows + 15) & ~15);
+    auto pad = [&](const std::vector<uint8_t>& packed) {
+        std::vector<uint8_t> padded(hostBytes, 0);
+        std::copy_n(packed.begin(), luma, padded.begin());
+        for (int plane = 0; plane < 2; ++plane)
+            for (int row = 0; row < chromaRows; ++row)
+                std::copy_n(&packed[luma + plane * (kW / 2) * chromaRows + row * (kW / 2)], kW / 2,
+                            &padded[luma + plane * stride * chromaRows + row * stride]);
+        return padded;
+    };
+
+    qzbrock brock;
+    brock.createEngine();
+    brock.addSearchPath(sourceAssets().c_str());
+    brock.startEngine(BROCK_CAMERA_I420, kW, kH, 0.0f);
+    brock.setCameraDsp(BROCK_CAMERA_I420, kW, kH, 0.0f);
+    ASSERT_NE(brock.getHelp()->getRepackBuffer(), nullptr);
+    brock.loadEffect(look.c_str());
+    const std::vector<uint8_t> got = facadePicture(brock, pad(photo), hostBytes);
+    const std::vector<uint8_t> want = pad(expected);
+    EXPECT_LE(maxByteDifference(got, want), 1);
+    brock.stopEngine();
+    brock.destroyEngine();
+    ASSERT_TRUE(ZuHeadlessContext::instance().makeCurrent(3));
+}
+
+// The facade's small rules: frames before the start and after the stop are
+// dropped with a log line, an empty path clears, the same path twice loads
+// once, a record whose count is out of range is refused.
+TEST_F(SurfaceTest, OneSceneFacadeRefusesOutOfOrderCalls) {
+    LogCapture log;
+    Ol2 ol2;
+    std::vector<uint8_t> frame(64 * 64 * 3 / 2, 90);
+    ol2.pushCameraData(frame.data());
+    EXPECT_GE(log.count("createEngine first"), 1);
+    ol2.createEngine();
+    ol2.pushCameraData(frame.data());
+    EXPECT_GE(log.count("not running"), 1);
+    ol2.startEngine(0, 64, 64, 0.0f);
+    ol2.startEngine(0, 64, 64, 0.0f);
+    EXPECT_GE(log.count("already started"), 1);
+    ol2.setCameraDsp(0, 64, 64, 45.0f);
+    const int32_t badCount = 9;
+    ol2.pushDetectData(&badCount);
+    EXPECT_GE(log.count("out of range"), 1);
+    const std::string look = samplePackage("filter_pink");
+    ol2.loadEffect(look.c_str());
+    EXPECT_FALSE(ol2.getHelp()->canLoad());
+    ol2.loadEffect("");
+    EXPECT_EQ(std::string(ol2.getHelp()->getCurrent().c_str()), "null");
+    ol2.stopEngine();
+    ol2.pushCameraData(frame.data());
+    EXPECT_EQ(frame[0], 90) << "a frame after the stop is left alone";
+    ol2.destroyEngine();
+    ASSERT_TRUE(ZuHeadlessContext::instance().makeCurrent(3));
+}
