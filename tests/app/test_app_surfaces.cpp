@@ -9,6 +9,11 @@
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "basesys/qzbrock.h"
+#include "basesys/ZuAppMainWrap.h"
+#include "basesys/qztarn.h"
+#include "event/ZuParseEvent.h"
+#include "event/ZuPersonEvent.h"
+#include "event/ZuTnEventSys.h"
 #include "event/ZuEffectEvent.h"
 #include "event/ZuEventMgr.h"
 #include "event/ZuEventProc.h"
@@ -22,6 +27,10 @@
 #include <vector>
 
 namespace {
+
+// Frames drawn after the package is ready before the picture is taken: the
+// look's texture may arrive a frame after its node reports ready.
+constexpr int kSettleFrames = 4;
 
 std::string samplePackage(const char* name) { return std::string(QZ_SOURCE_DIR) + "/samples/packages/" + name; }
 
@@ -37,7 +46,8 @@ struct ReadyWatch : public ZuEventProc {
 // The plain facade on the host's GL: one scene with a YUV camera of the
 // host code given and the output stream of the same layout, one package.
 std::vector<uint8_t> plainFacadePicture(const std::vector<uint8_t>& frame, int width, int height, int hostFormat,
-                                        int imageFormat, int outType, const std::string& package) {
+                                        int imageFormat, int outType, const std::string& package,
+                                        bool mirrored = false) {
     const char* scene = "plain";
     auto* app = new ZuAppMain();
     app->init();
@@ -47,7 +57,13 @@ std::vector<uint8_t> plainFacadePicture(const std::vector<uint8_t>& frame, int w
     config->setCameraDsp(scene, width, height, 0);
     config->cameraImageFormat = imageFormat;
     ZuAppNative* native = app->getAppInter();
-    native->createLogicScene(scene, width, height, width, height);
+    if (mirrored) {
+        config->getCamera(scene)->mirror = true;
+        native->createLogicSceneFull(scene, width, height, width, height);
+        native->setSceneMirror(scene, true);
+    } else {
+        native->createLogicScene(scene, width, height, width, height);
+    }
     native->createBGNode(scene, hostFormat);
     native->setOutSteamFormate(scene, outType, false, false);
     auto* watch = new ReadyWatch(app);
@@ -62,9 +78,11 @@ std::vector<uint8_t> plainFacadePicture(const std::vector<uint8_t>& frame, int w
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
     EXPECT_TRUE(watch->ready) << "the package never became ready on the plain facade";
-    native->pushCameraData(scene, frame.data());
-    app->update();
-    app->directrender("");
+    for (int i = 0; i < kSettleFrames; ++i) {
+        native->pushCameraData(scene, frame.data());
+        app->update();
+        app->directrender("");
+    }
     native->fetchRenderData(scene, out.data());
     app->getGlobalMgr()->getEventMgr()->unregistProcer(watch);
     watch->release();
@@ -79,13 +97,14 @@ std::vector<uint8_t> plainFacadePicture(const std::vector<uint8_t>& frame, int w
 // ready and a picture came back; the last picture.
 std::vector<uint8_t> facadePicture(ZuSceneFacade& facade, const std::vector<uint8_t>& frame, size_t hostBytes) {
     std::vector<uint8_t> buffer;
+    int openFrames = 0;
     const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(20);
     while (std::chrono::steady_clock::now() < until) {
         buffer = frame;
         buffer.resize(hostBytes, 0);
         bool open = facade.getHelp()->isOutputOpen();
         facade.pushCameraData(buffer.data());
-        if (open) return buffer;
+        if (open && ++openFrames == kSettleFrames) return buffer;
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
     ADD_FAILURE() << "the facade's output never opened";
@@ -191,4 +210,83 @@ TEST_F(SurfaceTest, OneSceneFacadeRefusesOutOfOrderCalls) {
     EXPECT_EQ(frame[0], 90) << "a frame after the stop is left alone";
     ol2.destroyEngine();
     ASSERT_TRUE(ZuHeadlessContext::instance().makeCurrent(3));
+}
+
+// qztarn in its host's order (initilize, search path, camera, start, the
+// off-screen recipe, output stream, effect, then update and render on the
+// host's GL) gives the plain facade's picture of the photo; the host's
+// callbacks hear the package's load and the expressions of a person.
+TEST_F(SurfaceTest, QztarnMatchesPlainFacadeAndCallsTheHost) {
+    constexpr int kW = 160, kH = 160;
+    const char* scene = "tarn";
+    const std::vector<uint8_t> photo = rgbaToNv21(samplePhotoRgba(kW, kH), kW, kH);
+    const std::string look = samplePackage("filter_vintage");
+    const std::vector<uint8_t> expected = plainFacadePicture(photo, kW, kH, 0, 4, 2, look, true);
+
+    struct Heard {
+        int loaded = -1, resUID = -1, mouth = 0, actions = 0;
+        std::string action;
+    } heard;
+    int host = 7;
+    qztarn tarn;
+    tarn.initilize();
+    tarn.addSearchPath(sourceAssets().c_str());
+    tarn.setCameraDsp(0, 2, scene, kW, kH, 0.0f);
+    tarn.startEngine();
+    ZuAppMainWrap* app = tarn.getApp();
+    app->getGlobalMgr()->getConfig()->cameraImageFormat = 4;
+    auto* callbacks = new ZuTnEventSys(app);
+    callbacks->init();
+    callbacks->bindHost(&host, &heard);
+    callbacks->onEffectLoaded = [](void*, void* h, const char*, int resUID, int success) {
+        static_cast<Heard*>(h)->loaded = success;
+        static_cast<Heard*>(h)->resUID = resUID;
+    };
+    callbacks->onMouthOpen = [](void*, void* h, int, bool open) { static_cast<Heard*>(h)->mouth += open ? 1 : -100; };
+    callbacks->onPersonAction = [](void*, void* h, int, const char* name) {
+        static_cast<Heard*>(h)->actions++;
+        static_cast<Heard*>(h)->action = name;
+    };
+    tarn.createLogicOffWin(scene, 0, kW, kH, kW, kH);
+    tarn.setOutStreamNode(scene, 2, false, false);
+    tarn.loadEffect(scene, look.c_str(), 250, 0);
+    auto* watch = new ReadyWatch(app);
+    app->getGlobalMgr()->getEventMgr()->registProcer(watch);
+    std::vector<uint8_t> out(photo.size(), 0);
+    const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!watch->ready && std::chrono::steady_clock::now() < until) {
+        tarn.pushCameraData(scene, photo.data(), static_cast<int>(photo.size()));
+        tarn.update();
+        tarn.directrender("");
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    ASSERT_TRUE(watch->ready);
+    for (int i = 0; i < kSettleFrames; ++i) {
+        tarn.pushCameraData(scene, photo.data(), static_cast<int>(photo.size()));
+        tarn.update();
+        tarn.directrender("");
+    }
+    tarn.fetchRenderData(scene, out.data());
+    EXPECT_LE(maxByteDifference(out, expected), 1);
+    EXPECT_EQ(heard.loaded, 1);
+    EXPECT_EQ(heard.resUID, 250);
+
+    auto* mouth = new ZuPersonEvent(scene, 17);
+    mouth->name = "mouthopen";
+    mouth->personID = 0;
+    app->getGlobalMgr()->getEventMgr()->pushEvent(mouth);
+    tarn.update();
+    tarn.update();
+    EXPECT_EQ(heard.mouth, 1);
+    EXPECT_EQ(heard.actions, 1);
+    EXPECT_EQ(heard.action, "mouthopen");
+
+    app->getGlobalMgr()->getEventMgr()->unregistProcer(watch);
+    watch->release();
+    callbacks->destroy();
+    EXPECT_EQ(callbacks->onMouthOpen, nullptr);
+    callbacks->release();
+    tarn.stopEngine();
+    tarn.destroy();
+    tarn.update(); // after destroy: refused, no crash
 }
