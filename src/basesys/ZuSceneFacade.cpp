@@ -65,12 +65,11 @@ void ZuSceneFacade::startEngine(int, int width, int height, float) {
         QZLOGW("startEngine (scene %s): refused size %dx%d", scene.c_str(), width, height);
         return;
     }
-    if (help->syncMode == 1)
-        engine->syncInit();
-    else
-        engine->asyncInit();
+    // The helper joins the event manager before a frame thread reads it.
+    engine->syncInit();
     ZuGlobalMgr* managers = engine->getGlobalMgr();
     managers->getEventMgr()->registProcer(help);
+    if (help->syncMode != 1) engine->asyncInit();
     managers->getConfig()->setDetectType(DETECTTYPE_AS);
     engine->getAppInter()->setDetectType(DETECTTYPE_AS);
     engine->createOffGLContext(scene.c_str(), width, height);
@@ -81,11 +80,13 @@ void ZuSceneFacade::startEngine(int, int width, int height, float) {
 void ZuSceneFacade::stopEngine() {
     if (!usable("stopEngine") || engine->getState() == ZU_ENG_STATE_STOPPED) return;
     beforeStop();
-    if (ZuEventMgr* events = engine->getGlobalMgr()->getEventMgr()) events->unregistProcer(help);
-    if (help->syncMode == 1)
+    if (help->syncMode == 1) {
+        if (ZuEventMgr* events = engine->getGlobalMgr()->getEventMgr()) events->unregistProcer(help);
         engine->syncDestroy();
-    else
+    } else {
+        // The frame thread ends first; the stop then clears the event list.
         engine->asyncDestroy();
+    }
     help->resetEft();
 }
 

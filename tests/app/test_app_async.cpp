@@ -78,11 +78,11 @@ public:
         config->release();
         app->addRespath(sourceAssets().c_str());
         watch = new ParseWatch(app);
-        if (threaded)
-            app->asyncInit();
-        else
-            app->syncInit();
+        // Started without the thread first, so that the watcher joins the
+        // event manager before the frame thread reads its list.
+        app->syncInit();
         app->getGlobalMgr()->getEventMgr()->registProcer(watch);
+        if (threaded) app->asyncInit();
         app->createOffGLContext(kScene, kWidth, kHeight);
         if (!withScene) {
             settle();
@@ -99,8 +99,7 @@ public:
 
     void stop() {
         if (!app) return;
-        if (app->getGlobalMgr() && app->getGlobalMgr()->getEventMgr())
-            app->getGlobalMgr()->getEventMgr()->unregistProcer(watch);
+        // The stop clears the event manager's list, the watcher with it.
         if (threaded)
             app->asyncDestroy();
         else
