@@ -2,6 +2,8 @@
 #include "SamplePhoto.h"
 
 #include "basesys/CBrockHelp.h"
+#include "basesys/OLEngine.h"
+#include "basesys/OLEngineMgr.h"
 #include "basesys/Ol2.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuAppMainAsync.h"
@@ -14,6 +16,10 @@
 #include "event/ZuParseEvent.h"
 #include "event/ZuPersonEvent.h"
 #include "event/ZuTnEventSys.h"
+#include "operate/ZuOperateMgr.h"
+#include "operate/ZuOperateRegistProcer.h"
+
+#include <atomic>
 #include "event/ZuEffectEvent.h"
 #include "event/ZuEventMgr.h"
 #include "event/ZuEventProc.h"
@@ -40,7 +46,7 @@ struct ReadyWatch : public ZuEventProc {
         if (event && event->type == ZU_EVENT_EFFECT && static_cast<ZuEffectEvent*>(event)->state == 1) ready = true;
         return true;
     }
-    bool ready = false;
+    std::atomic<bool> ready{false};
 };
 
 // The plain facade on the host's GL: one scene with a YUV camera of the
@@ -289,4 +295,115 @@ TEST_F(SurfaceTest, QztarnMatchesPlainFacadeAndCallsTheHost) {
     tarn.stopEngine();
     tarn.destroy();
     tarn.update(); // after destroy: refused, no crash
+}
+
+namespace {
+
+GLuint photoTexture(const std::vector<uint8_t>& rgba, int width, int height) {
+    GLuint texture = 0;
+    glGenTextures(1, &texture);
+    glBindTexture(GL_TEXTURE_2D, texture);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, width, height, 0, GL_RGBA, GL_UNSIGNED_BYTE,
+                 rgba.empty() ? nullptr : rgba.data());
+    glBindTexture(GL_TEXTURE_2D, 0);
+    return texture;
+}
+
+std::vector<uint8_t> textureContent(GLuint texture, int width, int height) {
+    GLuint fbo = 0;
+    glGenFramebuffers(1, &fbo);
+    glBindFramebuffer(GL_FRAMEBUFFER, fbo);
+    glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture, 0);
+    std::vector<uint8_t> pixels = GLTest::readPixels(0, 0, width, height);
+    glBindFramebuffer(GL_FRAMEBUFFER, 0);
+    glDeleteFramebuffers(1, &fbo);
+    return pixels;
+}
+
+} // namespace
+
+// OLEngine draws on a thread and context of its own that share the host's
+// textures: the photo in the host's input texture comes out in the host's
+// output texture as the plain facade draws it with the same recipe.
+TEST_F(SurfaceTest, OLEngineDrawsIntoTheHostTextureOnItsOwnThread) {
+    constexpr int kW = 64, kH = 64;
+    const std::vector<uint8_t> photo = samplePhotoRgba(kW, kH);
+    const std::string look = samplePackage("filter_vintage");
+    const GLuint input = photoTexture(photo, kW, kH);
+    const GLuint expectedOut = photoTexture({}, kW, kH);
+    const GLuint engineOut = photoTexture({}, kW, kH);
+    glFinish();
+
+    {   // The plain facade on the host's GL, with the recipe OLEngine uses.
+        const char* scene = "ol";
+        auto* app = new ZuAppMain();
+        app->init();
+        app->addRespath(sourceAssets().c_str());
+        app->initZuBase();
+        app->getGlobalMgr()->getConfig()->setCameraDsp(scene, kW, kH, 0);
+        ZuAppNative* native = app->getAppInter();
+        native->setCameraMirror(scene, true);
+        native->createLogicSceneFull(scene, kW, kH, kW, kH);
+        native->createBGNode(scene, static_cast<int>(input), 2, kW, kH);
+        native->setSceneMirror(scene, false);
+        native->createOutputTextureNode(scene, "ol_beautyouttex", expectedOut, 2, true, false);
+        auto* watch = new ReadyWatch(app);
+        app->getGlobalMgr()->getEventMgr()->registProcer(watch);
+        native->loadEffect(scene, look.c_str(), 250, 250);
+        const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+        for (int after = 0; after < kSettleFrames && std::chrono::steady_clock::now() < until;) {
+            app->update();
+            app->directrender(scene);
+            if (watch->ready) ++after;
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+        EXPECT_TRUE(watch->ready);
+        app->getGlobalMgr()->getEventMgr()->unregistProcer(watch);
+        watch->release();
+        app->setState("test", ZU_ENG_STATE_STOPPING);
+        app->destroyZuBase();
+        app->destroy();
+        app->release();
+    }
+    const std::vector<uint8_t> expected = textureContent(expectedOut, kW, kH);
+    ASSERT_GT(maxByteDifference(expected, flipRows(photo, kW)), 20);
+
+    QZEngineConfig config;
+    config.resourcePath = sourceAssets();
+    config.sceneName = "ol";
+    config.width = config.windowWidth = kW;
+    config.height = config.windowHeight = kH;
+    config.inputTexture = static_cast<int>(input);
+    config.outputTexture = static_cast<int>(engineOut);
+    OLEngine engine;
+    EXPECT_FALSE(engine.updateEngine()) << "no manager before init";
+    EXPECT_STREQ(engine.getVersion(), "v2.01");
+    ASSERT_TRUE(engine.init(nullptr, &config));
+    // The watcher joins the event list on the frame thread, which walks it.
+    ZuAppMain* olApp = engine.getManager()->getApp();
+    auto* watch = new ReadyWatch(olApp);
+    auto* join = new ZuOperateRegistProcer(olApp, watch);
+    olApp->getGlobalMgr()->getOperateMgr()->pushOperate(join);
+    join->release();
+    ASSERT_TRUE(engine.loadEffect(look.c_str(), 250));
+    const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!watch->ready && std::chrono::steady_clock::now() < until)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    ASSERT_TRUE(watch->ready);
+    const uint64_t readyAt = engine.getManager()->framesDrawn();
+    while (engine.getManager()->framesDrawn() < readyAt + kSettleFrames)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    EXPECT_TRUE(engine.getManager()->hasThreadContext());
+    EXPECT_TRUE(engine.pushDetectData(nullptr, 0)) << "no face: null and 0";
+    ASSERT_TRUE(engine.unInit());
+    watch->release();
+    EXPECT_FALSE(engine.pushCameraData(nullptr, 0)) << "after unInit";
+    ASSERT_TRUE(ZuHeadlessContext::instance().makeCurrent(3));
+    EXPECT_LE(maxByteDifference(textureContent(engineOut, kW, kH), expected), 1);
+    GLuint textures[] = {input, expectedOut, engineOut};
+    glDeleteTextures(3, textures);
 }
