@@ -102,8 +102,11 @@ void ZuAppMainAsync::loadEffect(const char* name, const char* path, int resUID, 
     QZ_REQUIRE(state == ZU_ENG_STATE_RUNNING && globalMgr && globalMgr->getOperateMgr(),
                "loadEffect: the engine is not running");
     QZ_REQUIRE(name && path, "loadEffect: scene or path missing");
+    // Parsed at the next frame, as the facade does: in a process that ran
+    // an engine before, a parse handed to the load thread was seen never to
+    // report back.
     auto* op = new ZuOperateParse(this, resUID, name, path, slot);
-    globalMgr->getOperateMgr()->pushLoadOperate(op);
+    globalMgr->getOperateMgr()->pushOperate(op);
     op->release();
 }
 

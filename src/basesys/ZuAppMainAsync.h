@@ -51,7 +51,7 @@ public:
 
     void pushCameraData(const char* name, void* data, ZuDataSwap* swap);
     void fetchRenderData(const char* name, void* data, ZuDataSwap* swap);
-    // The package parses on the load thread, not at a frame.
+    // The package parses at the next frame; it is ready with its ready event.
     void loadEffect(const char* name, const char* path, int resUID, int slot);
     // The 23 host floats of a colour filter record.
     void loadTEXTEffect(const char* name, const char* path, int a, int b, float* values);

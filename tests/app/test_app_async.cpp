@@ -222,7 +222,8 @@ TEST_F(AsyncEngineTest, ThreadedClipMatchesSynchronousFrameForFrame) {
         });
         host.join();
     }
-    EXPECT_EQ(threadCount(), threadsBefore) << "the frame thread or the load thread outlived the engine";
+    // Threads of earlier tests may still be ending, never new ones starting.
+    EXPECT_LE(threadCount(), threadsBefore) << "the frame thread or the load thread outlived the engine";
     ASSERT_EQ(got.size(), expected.size());
     for (int i = 0; i < kFrames; ++i) ASSERT_LE(maxByteDifference(got[i], expected[i]), 1) << "frame " << i;
 }
@@ -243,7 +244,7 @@ TEST_F(AsyncEngineTest, StartAndStopHundredTimesLeavesNothing) {
         std::vector<uint8_t> out = engine.process(frame);
         ASSERT_LE(maxByteDifference(out, flipRows(frame, kWidth)), 1) << "round " << round;
     }
-    EXPECT_EQ(threadCount(), threadsBefore);
+    EXPECT_LE(threadCount(), threadsBefore);
     EXPECT_EQ(ZuEglDisplay::users(), displayUsers);
 }
 

@@ -113,7 +113,9 @@ std::vector<uint8_t> facadePicture(ZuSceneFacade& facade, const std::vector<uint
         if (open && ++openFrames == kSettleFrames) return buffer;
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
-    ADD_FAILURE() << "the facade's output never opened";
+    ADD_FAILURE() << "the facade's output never opened; canLoad " << facade.getHelp()->canLoad() << " current "
+                  << facade.getHelp()->getCurrent().c_str() << " state " << int(facade.getEngine()->getState())
+                  << " frames " << facade.getEngine()->getFrameCount();
     return buffer;
 }
 
@@ -128,7 +130,7 @@ TEST_F(SurfaceTest, Ol2MatchesPlainFacadeOnSamplePhoto) {
     constexpr int kW = 160, kH = 160;
     const std::vector<uint8_t> photo = rgbaToNv21(samplePhotoRgba(kW, kH), kW, kH);
     ASSERT_EQ(photo.size(), size_t(kW * kH * 3 / 2));
-    const std::string look = samplePackage("filter_vintage");
+    const std::string look = samplePackage("filter_curves");
     const std::vector<uint8_t> expected = plainFacadePicture(photo, kW, kH, 0, 4, 2, look);
     ASSERT_GT(maxByteDifference(expected, photo), 20) << "the look left the photo unchanged";
 
@@ -156,7 +158,7 @@ TEST_F(SurfaceTest, QzbrockRepacksPaddedChromaRows) {
     ASSERT_EQ(qzbrock::chromaStride(kW), 112);
     ASSERT_EQ(qzbrock::chromaStride(1280), 640) << "a 1280 frame is not padded";
     const std::vector<uint8_t> photo = nv21ToI420(rgbaToNv21(samplePhotoRgba(kW, kH), kW, kH), kW, kH);
-    const std::string look = samplePackage("filter_vintage");
+    const std::string look = samplePackage("filter_curves");
     const std::vector<uint8_t> expected = plainFacadePicture(photo, kW, kH, 3, 2, 4, look);
 
     // The host's padded layout: U rows then V rows at 112 bytes.
@@ -226,7 +228,7 @@ TEST_F(SurfaceTest, QztarnMatchesPlainFacadeAndCallsTheHost) {
     constexpr int kW = 160, kH = 160;
     const char* scene = "tarn";
     const std::vector<uint8_t> photo = rgbaToNv21(samplePhotoRgba(kW, kH), kW, kH);
-    const std::string look = samplePackage("filter_vintage");
+    const std::string look = samplePackage("filter_curves");
     const std::vector<uint8_t> expected = plainFacadePicture(photo, kW, kH, 0, 4, 2, look, true);
 
     struct Heard {
@@ -332,7 +334,7 @@ std::vector<uint8_t> textureContent(GLuint texture, int width, int height) {
 TEST_F(SurfaceTest, OLEngineDrawsIntoTheHostTextureOnItsOwnThread) {
     constexpr int kW = 64, kH = 64;
     const std::vector<uint8_t> photo = samplePhotoRgba(kW, kH);
-    const std::string look = samplePackage("filter_vintage");
+    const std::string look = samplePackage("filter_curves");
     const GLuint input = photoTexture(photo, kW, kH);
     const GLuint expectedOut = photoTexture({}, kW, kH);
     const GLuint engineOut = photoTexture({}, kW, kH);
