@@ -126,7 +126,7 @@ public:
             for (int i = 0; i < 3; ++i) app->syncRender();
             return;
         }
-        app->waitForFrameCount(app->getFrameCount() + 3, 2000);
+        app->waitForFrameCount(app->getFrameCount() + 3, 30000);
     }
 
     // Pushes one frame and returns the picture made from it.
@@ -135,7 +135,7 @@ public:
         if (threaded) {
             // A frame under way may have taken the previous picture; the one
             // after it surely takes this one.
-            app->waitForFrameCount(app->getFrameCount() + 2, 2000);
+            app->waitForFrameCount(app->getFrameCount() + 2, 30000);
         } else {
             app->syncRender();
         }
