@@ -5,6 +5,7 @@
 #include "basesys/ZuGBase.h"
 #include "basesys/qzMap.h"
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -59,7 +60,9 @@ public:
 
     // Plain fields, read and written by the managers named beside them.
     qz::map<std::string, Camera*> cameras;
-    int cameraImageFormat = 8;     // CAMERAIMAGEFORMATE of pushed frames
+    // CAMERAIMAGEFORMATE of pushed frames: set at a frame, read by the host
+    // threads that push frames, hence atomic.
+    std::atomic<int> cameraImageFormat{8};
     int faceBeautyType = 6;        // skin-smoothing shader quality
     int adaptmode = 1;             // 1: setCameraDsp updates the adapt scale
     int glversion = 0x20000;       // packed GL version; 0x30000 and up enables ES 3 paths

@@ -8,15 +8,29 @@
 ZuDataSwap::ZuDataSwap() { lock.create(); }
 
 ZuDataSwap::~ZuDataSwap() {
-    std::free(data);
-    data = nullptr;
+    dropBlockLocked();
     lock.destroy();
 }
 
-void ZuDataSwap::reallocLocked(int newSize) {
-    std::free(data);
+void ZuDataSwap::dropBlockLocked() {
+    if (!borrowed) std::free(data);
+    borrowed = false;
     data = nullptr;
     size = 0;
+}
+
+void ZuDataSwap::borrowBlock(void* block, int blockSize) {
+    ZuLockGuard guard(lock);
+    dropBlockLocked();
+    if (!block || blockSize <= 0) return;
+    data = static_cast<unsigned char*>(block);
+    size = blockSize;
+    borrowed = true;
+    written = true;
+}
+
+void ZuDataSwap::reallocLocked(int newSize) {
+    dropBlockLocked();
     if (newSize <= 0) return;
     // Zeroed, so that a partial write followed by a full upload never hands
     // uninitialised bytes to GL or to the host.
@@ -67,7 +81,9 @@ void ZuDataSwap::fetchData(void* dst, int* bytes) {
 }
 
 void ZuDataSwap::swap(ZuDataSwap* other) {
+    // A borrowed block stays with its swap: the owner would lose track of it.
     if (!other || other == this || !data || !other->data || size != other->size) return;
+    if (borrowed || other->borrowed) return;
     unsigned char* mine = data;
     data = other->data;
     other->data = mine;

@@ -44,12 +44,21 @@ public:
     // src is skipped, so the render thread is never blocked by it.
     void tryCopyData(ZuDataSwap* src);
 
+protected:
+    // Points the swap at memory it does not own (a host's frame): nothing is
+    // copied, and nothing is freed when the swap lets go of it. Null drops
+    // the borrowed block.
+    void borrowBlock(void* block, int blockSize);
+
 private:
     // Replaces the block by a zeroed one of the given size; caller holds the lock.
     void reallocLocked(int newSize);
+    // Frees the block unless it is borrowed; caller holds the lock.
+    void dropBlockLocked();
 
     unsigned char* data = nullptr;
     int size = 0;
     ZuLock lock;
     bool written = false;
+    bool borrowed = false;
 };

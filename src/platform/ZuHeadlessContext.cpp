@@ -1,11 +1,9 @@
 #include "platform/ZuHeadlessContext.h"
 
-#include <EGL/eglext.h>
+#include "platform/ZuEglDisplay.h"
+
 #include <cstdio>
 
-#ifndef EGL_PLATFORM_SURFACELESS_MESA
-#define EGL_PLATFORM_SURFACELESS_MESA 0x31DD
-#endif
 
 ZuHeadlessContext& ZuHeadlessContext::instance() {
     static ZuHeadlessContext gl;
@@ -17,22 +15,10 @@ bool ZuHeadlessContext::openDisplay() {
     if (m_triedDisplay) return false;
     m_triedDisplay = true;
 
-    auto getPlatformDisplay =
-        reinterpret_cast<PFNEGLGETPLATFORMDISPLAYEXTPROC>(eglGetProcAddress("eglGetPlatformDisplayEXT"));
-    if (!getPlatformDisplay) {
-        m_error = "EGL has no eglGetPlatformDisplayEXT; Mesa's EGL is needed";
-        return false;
-    }
-    EGLDisplay display = getPlatformDisplay(EGL_PLATFORM_SURFACELESS_MESA, EGL_DEFAULT_DISPLAY, nullptr);
+    // Shared with the engine's own contexts, which count their users of it.
+    EGLDisplay display = ZuEglDisplay::acquire();
     if (display == EGL_NO_DISPLAY) {
         m_error = "no surfaceless EGL display (is libegl-mesa0 installed?)";
-        return false;
-    }
-    EGLint major = 0, minor = 0;
-    if (!eglInitialize(display, &major, &minor)) {
-        char text[96];
-        snprintf(text, sizeof text, "eglInitialize failed: 0x%x", eglGetError());
-        m_error = text;
         return false;
     }
     const EGLint configAttributes[] = {
@@ -45,7 +31,7 @@ bool ZuHeadlessContext::openDisplay() {
     EGLint count = 0;
     if (!eglChooseConfig(display, configAttributes, &m_config, 1, &count) || count < 1) {
         m_error = "no RGBA8 pbuffer config with ES 2 and ES 3 on the surfaceless display";
-        eglTerminate(display);
+        ZuEglDisplay::release(display);
         return false;
     }
     const EGLint surfaceAttributes[] = {EGL_WIDTH, kSurfaceWidth, EGL_HEIGHT, kSurfaceHeight, EGL_NONE};
@@ -54,7 +40,7 @@ bool ZuHeadlessContext::openDisplay() {
         char text[96];
         snprintf(text, sizeof text, "eglCreatePbufferSurface failed: 0x%x", eglGetError());
         m_error = text;
-        eglTerminate(display);
+        ZuEglDisplay::release(display);
         return false;
     }
     if (!eglBindAPI(EGL_OPENGL_ES_API)) {
@@ -106,7 +92,7 @@ void ZuHeadlessContext::shutdown() {
     }
     if (m_surface != EGL_NO_SURFACE) eglDestroySurface(m_display, m_surface);
     m_surface = EGL_NO_SURFACE;
-    eglTerminate(m_display);
+    ZuEglDisplay::release(m_display);
     eglReleaseThread();
     m_display = EGL_NO_DISPLAY;
     m_triedDisplay = false;

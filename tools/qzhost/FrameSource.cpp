@@ -135,8 +135,31 @@ bool FrameSource::openRaw(const std::string& path, int width, int height, Camera
     return true;
 }
 
+bool FrameSource::isY4mPath(const std::string& path) {
+    if (path == "-") return true;
+    return path.size() > 4 && strcasecmp(path.c_str() + path.size() - 4, ".y4m") == 0;
+}
+
+bool FrameSource::openY4m(const std::string& path) {
+    m_kind = Kind::Y4m;
+    m_rawFormat = CameraFrameConverter::I420;
+    if (!m_y4m.open(path)) {
+        fprintf(stderr, "qzhost: %s: %s\n", path == "-" ? "standard input" : path.c_str(), m_y4m.error().c_str());
+        return false;
+    }
+    m_width = m_y4m.width();
+    m_height = m_y4m.height();
+    // A stream does not say how long it is: frames run until it ends.
+    m_frameCount = 1000000;
+    return true;
+}
+
 bool FrameSource::next(std::vector<uint8_t>& frame) {
     switch (m_kind) {
+    case Kind::Y4m:
+        if (m_y4m.next(frame)) return true;
+        if (!m_y4m.ended()) fprintf(stderr, "qzhost: the video input: %s\n", m_y4m.error().c_str());
+        return false;
     case Kind::Photo:
         m_lastName = m_photoPath;
         frame = m_photo;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CameraFrameConverter.h"
+#include "Y4mReader.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -12,7 +13,7 @@
 // folder must all have the first frame's size, as a camera's would.
 class FrameSource {
 public:
-    enum class Kind { Photo, Folder, Raw };
+    enum class Kind { Photo, Folder, Raw, Y4m };
 
     FrameSource() = default;
     ~FrameSource();
@@ -22,6 +23,10 @@ public:
     // Each open* reads enough to know the frame size; false after printing why.
     bool openImage(const std::string& path);
     bool openRaw(const std::string& path, int width, int height, CameraFrameConverter::Format format);
+    // A YUV4MPEG2 stream ("-": standard input), pushed as I420 frames.
+    bool openY4m(const std::string& path);
+    // True for a path that names a YUV4MPEG2 stream: "-" or *.y4m.
+    static bool isY4mPath(const std::string& path);
 
     // The next frame: top-down RGBA for PNG inputs, or the raw bytes (in
     // rawFormat()) for raw input. A photo gives the same frame every time.
@@ -29,7 +34,13 @@ public:
     bool next(std::vector<uint8_t>& frame);
 
     Kind kind() const { return m_kind; }
-    bool isRaw() const { return m_kind == Kind::Raw; }
+    // Frames that go to the engine unconverted (raw YUV and YUV4MPEG2).
+    bool isRaw() const { return m_kind == Kind::Raw || m_kind == Kind::Y4m; }
+    // After next() gave false: true when the input simply ended (a stream's
+    // end at a frame boundary), false when a frame could not be read.
+    bool ended() const { return m_kind == Kind::Y4m && m_y4m.ended(); }
+    // Frames a second the input names (YUV4MPEG2 only); 0 otherwise.
+    int fps() const { return m_kind == Kind::Y4m ? m_y4m.fps() : 0; }
     int width() const { return m_width; }
     int height() const { return m_height; }
     // Frames available; a photo counts as 1.
@@ -56,5 +67,6 @@ private:
     std::string m_photoPath;
     std::string m_lastName;
     FILE* m_raw = nullptr;
+    Y4mReader m_y4m;
     CameraFrameConverter::Format m_rawFormat = CameraFrameConverter::NV21;
 };

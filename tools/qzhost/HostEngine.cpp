@@ -4,6 +4,7 @@
 
 #include "basesys/Camera.h"
 #include "basesys/ZuAppMain.h"
+#include "basesys/ZuAppMainAsync.h"
 #include "basesys/ZuAppNative.h"
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
@@ -31,7 +32,27 @@ bool fetchedInto(ZuAppNative* native, std::vector<uint8_t>& out, uint8_t fill) {
 
 HostEngine::~HostEngine() { stop(); }
 
-bool HostEngine::start(const std::string& assets) {
+bool HostEngine::start(const std::string& assets, bool threaded) {
+    if (threaded) {
+        m_async = new ZuAppMainAsync();
+        // Frames back to back: qzhost waits for each one it pushes.
+        m_async->setFramePeriodUs(0);
+        m_app = m_async;
+        m_app->init();
+        auto* hostConfig = new ZuConfig(m_app);
+        hostConfig->init();
+        m_app->getGlobalMgr()->setConfig(hostConfig);
+        hostConfig->release();
+        m_app->addRespath(assets.c_str());
+        m_watcher = new PackageWatcher(m_app);
+        // Started without its thread first, so that the watcher joins the
+        // event manager before any frame runs there.
+        m_async->syncInit();
+        m_app->getGlobalMgr()->getEventMgr()->registProcer(m_watcher);
+        if (!m_async->asyncInit()) return false;
+        printf("GL: the engine's own off-screen context on its frame thread\n");
+        return true;
+    }
     ZuHeadlessContext& gl = ZuHeadlessContext::instance();
     bool es3 = gl.makeCurrent(3);
     if (!es3 && !gl.makeCurrent(2)) {
@@ -69,6 +90,7 @@ void HostEngine::setupScene(int width, int height, int cameraHostFormat, int out
     camera->height = height;
     camera->angle = 0;
 
+    if (m_async) m_async->createOffGLContext(kSceneName, width, height);
     ZuAppNative* native = m_app->getAppInter();
     native->createLogicSceneFull(kSceneName, width, height, width, height);
     native->createBGNode(kSceneName, cameraHostFormat);
@@ -135,7 +157,8 @@ void HostEngine::useFrameRate(int fps) {
     if (fps <= 0) return;
     m_frameStepMicros = 1000000 / fps;
     m_app->setClock([this] {
-        return ZuAppMain::WallTime{m_clockMicros / 1000000, m_clockMicros % 1000000};
+        const int64_t now = m_clockMicros;
+        return ZuAppMain::WallTime{now / 1000000, now % 1000000};
     });
     m_app->setFirstGetDert(true); // no delta across the change of clocks
 }
@@ -167,6 +190,13 @@ bool HostEngine::finishGif(int timeoutMs) {
 
 void HostEngine::renderFrame() {
     m_clockMicros += m_frameStepMicros;
+    if (m_async) {
+        // A frame under way may have taken the previous picture; the next
+        // one surely takes this one.
+        if (!m_async->waitForFrameCount(m_async->getFrameCount() + 2, 10000))
+            fprintf(stderr, "qzhost: the engine's frame thread did not draw within 10 s\n");
+        return;
+    }
     tick();
     // The frame just rendered is read into a pixel buffer that the next
     // tick hands out: render it once more so that fetch() returns it.
@@ -174,6 +204,10 @@ void HostEngine::renderFrame() {
 }
 
 void HostEngine::tick() {
+    if (m_async) {
+        m_async->waitForFrameCount(m_async->getFrameCount() + 1, 10000);
+        return;
+    }
     m_app->update();
     m_app->directrender("");
 }
@@ -191,14 +225,20 @@ void HostEngine::reportPendingEffects() const {
 
 void HostEngine::stop() {
     if (!m_app) return;
+    // The threaded engine's stop ends its thread first; the event manager
+    // then lets go of the watcher itself.
+    if (m_async) m_async->asyncDestroy();
     if (m_watcher) {
-        m_app->getGlobalMgr()->getEventMgr()->unregistProcer(m_watcher);
+        if (!m_async) m_app->getGlobalMgr()->getEventMgr()->unregistProcer(m_watcher);
         m_watcher->release();
         m_watcher = nullptr;
     }
-    m_app->setState("qzhost", ZU_ENG_STATE_STOPPING);
-    m_app->destroyZuBase();
+    if (!m_async) {
+        m_app->setState("qzhost", ZU_ENG_STATE_STOPPING);
+        m_app->destroyZuBase();
+    }
     m_app->destroy();
     m_app->release();
     m_app = nullptr;
+    m_async = nullptr;
 }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <string>
 #include <vector>
 
 class ZuAppMain;
+class ZuAppMainAsync;
 class PackageWatcher;
 
 // One engine session driven like a phone app's native layer: the life cycle
@@ -20,8 +22,10 @@ public:
     HostEngine(const HostEngine&) = delete;
     HostEngine& operator=(const HostEngine&) = delete;
 
-    // GL context, engine start with assets as search path. False after printing why.
-    bool start(const std::string& assets);
+    // GL context, engine start with assets as search path. False after
+    // printing why. threaded: the engine runs its own frame thread and
+    // off-screen context; this host then only pushes, waits and fetches.
+    bool start(const std::string& assets, bool threaded = false);
     // Camera record, scene, camera background and output stream, then one
     // frame so the set-up operations have run before the first push.
     void setupScene(int width, int height, int cameraHostFormat, int outputType);
@@ -76,8 +80,10 @@ private:
 
     bool m_es3 = false;
     // Stepped clock (useFrameRate): microseconds, and the step per frame; 0: wall clock.
-    int64_t m_clockMicros = 0;
+    // Read by the engine's frame thread in threaded runs.
+    std::atomic<int64_t> m_clockMicros{0};
     int64_t m_frameStepMicros = 0;
     ZuAppMain* m_app = nullptr;
+    ZuAppMainAsync* m_async = nullptr; // m_app itself, in threaded runs
     PackageWatcher* m_watcher = nullptr;
 };

@@ -36,6 +36,8 @@ void HostOptions::printUsage(FILE* to) {
             "  INPUT              a PNG photo, or a folder of numbered PNG frames\n"
             "                     (played in the order of the number in the name).\n"
             "                     JPEG is not read: convert it to PNG first.\n"
+            "                     A .y4m file, or '-' for standard input, is a\n"
+            "                     YUV4MPEG2 video (4:2:0), pushed as i420 frames.\n"
             "  --raw FILE         raw camera frames, one after another\n"
             "  --size WxH         frame size of --raw (even sides), e.g. 640x480\n"
             "  --raw-format FMT   layout of --raw: nv21 (default), nv12, yv12, i420;\n"
@@ -88,6 +90,10 @@ void HostOptions::printUsage(FILE* to) {
             "                     clock, so animations keep the clip's pace (default\n"
             "                     25 with --gif, else the wall clock)\n"
             "  --quiet            no progress bar\n"
+            "  --threaded         run the engine on its own frame thread and off-screen\n"
+            "                     GL context; qzhost only pushes and fetches frames\n"
+            "  --y4m-out FILE     also write the output as a YUV4MPEG2 video (i420);\n"
+            "                     '-' writes it to standard output\n"
             "  --help             show this text\n"
             "\n"
             "examples:\n"
@@ -100,7 +106,8 @@ void HostOptions::printUsage(FILE* to) {
             "         samples/photos/astronaut.png\n"
             "  qzhost --effect samples/packages/sticker_snow --frames 50 --gif snow.gif \\\n"
             "         samples/photos/astronaut.png\n"
-            "  qzhost --raw cam.nv21 --size 640x480 --output-format nv21 --raw-out out.nv21\n");
+            "  qzhost --raw cam.nv21 --size 640x480 --output-format nv21 --raw-out out.nv21\n"
+            "  qzhost --effect samples/packages/filter_pink --y4m-out out.y4m clip.y4m\n");
 }
 
 bool HostOptions::fail(const char* format, ...) const {
@@ -129,6 +136,11 @@ bool HostOptions::takeNumber(int argc, char** argv, int& i, int min, int max, co
         return fail("%s wants %s from %d to %d, not '%s'", option, what, min, max, value.c_str());
     out = static_cast<int>(number);
     return true;
+}
+
+bool HostOptions::hasY4mInput() const {
+    if (input == "-") return true;
+    return input.size() > 4 && strcasecmp(input.c_str() + input.size() - 4, ".y4m") == 0;
 }
 
 HostOptions::Outcome HostOptions::parse(int argc, char** argv) {
@@ -165,6 +177,7 @@ HostOptions::Outcome HostOptions::parse(int argc, char** argv) {
             outputType = -1;
             for (int type = 0; type < 6; ++type)
                 if (strcasecmp(value.c_str(), kOutputNames[type]) == 0) outputType = type;
+            outputGiven = true;
             if (outputType < 0)
                 ok = fail("--output-format wants rgba, bgra, nv12, nv21, yv12 or i420, not '%s'", value.c_str());
             else
@@ -200,6 +213,13 @@ HostOptions::Outcome HostOptions::parse(int argc, char** argv) {
             compare = true;
         } else if (arg == "--quiet") {
             quiet = true;
+        } else if (arg == "--threaded") {
+            threaded = true;
+        } else if (arg == "--y4m-out") {
+            ok = takeValue(argc, argv, i, y4mOut);
+        } else if (arg == "-") {
+            if (!input.empty()) ok = fail("one input only: '%s' and '-'", input.c_str());
+            input = arg;
         } else if (arg.size() > 1 && arg[0] == '-') {
             ok = fail("unknown option '%s'", arg.c_str());
         } else if (!input.empty()) {
@@ -226,8 +246,22 @@ bool HostOptions::check() {
         if (input.empty()) return fail("no input: give a PNG photo, a folder of PNG frames or --raw FILE");
         if (endsWithNoCase(input, ".jpg") || endsWithNoCase(input, ".jpeg"))
             return fail("'%s' is a JPEG, which qzhost cannot decode; convert it to PNG first", input.c_str());
-        if (access(input.c_str(), R_OK) != 0) return fail("cannot read the input '%s'", input.c_str());
+        if (input != "-" && access(input.c_str(), R_OK) != 0) return fail("cannot read the input '%s'", input.c_str());
     }
+    if (hasY4mInput()) {
+        // YUV4MPEG2 frames are 4:2:0 planar and go to the engine unconverted.
+        if (cameraFormatGiven && cameraFormat != CameraFrameConverter::I420)
+            return fail("a YUV4MPEG2 input is pushed as i420; leave out --camera-format");
+        cameraFormat = CameraFrameConverter::I420;
+        if (compare) return fail("--compare needs a photo or PNG frames, not a video stream");
+    }
+    if (!y4mOut.empty()) {
+        if (outputGiven && outputType != 4) return fail("--y4m-out writes i420 frames; leave out --output-format");
+        outputType = 4;
+        outputName = "i420";
+    }
+    if (threaded && !gifPath.empty())
+        return fail("--gif records on the frames qzhost drives itself; leave out --threaded");
     for (const std::string& effect : effects)
         if (!isDirectory(effect) || access((effect + "/config.json").c_str(), R_OK) != 0)
             return fail("the effect package '%s' is not a folder with a config.json", effect.c_str());

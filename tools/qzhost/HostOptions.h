@@ -28,6 +28,7 @@ public:
     // Output type codes of ZuAppNative::setOutSteamFormate.
     int outputType = 1;
     std::string outputName = "rgba";
+    bool outputGiven = false;
 
     std::vector<std::string> effects;
     bool queueEffects = false;
@@ -50,9 +51,13 @@ public:
     int frames = 0;         // 0: every frame of the input
     std::string assets = "assets";
     bool quiet = false;     // no progress bar
+    bool threaded = false;  // --threaded: the engine runs its own frame thread and GL context
+    std::string y4mOut;     // --y4m-out FILE, "-" for standard output
 
     bool hasRawInput() const { return !rawInput.empty(); }
     bool hasLandmarks() const { return !landmarks.empty(); }
+    // INPUT is a YUV4MPEG2 stream: a .y4m file or "-" (standard input).
+    bool hasY4mInput() const;
 
 private:
     bool fail(const char* format, ...) const;

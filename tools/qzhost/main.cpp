@@ -9,10 +9,12 @@
 #include "HostOptions.h"
 #include "OutputWriter.h"
 #include "ProgressBar.h"
+#include "Y4mWriter.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <fstream>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -20,6 +22,7 @@ namespace {
 bool openSource(const HostOptions& options, FrameSource& source) {
     if (options.hasRawInput())
         return source.openRaw(options.rawInput, options.rawWidth, options.rawHeight, options.rawFormat);
+    if (options.hasY4mInput()) return source.openY4m(options.input);
     return source.openImage(options.input);
 }
 
@@ -65,6 +68,18 @@ int main(int argc, char** argv) {
     case HostOptions::Outcome::Run: break;
     }
 
+    // A video written to standard output owns it: everything qzhost says
+    // goes to standard error instead.
+    FILE* videoOut = nullptr;
+    if (options.y4mOut == "-") {
+        const int streamFd = dup(STDOUT_FILENO);
+        videoOut = streamFd >= 0 ? fdopen(streamFd, "wb") : nullptr;
+        if (!videoOut || dup2(STDERR_FILENO, STDOUT_FILENO) < 0) {
+            fprintf(stderr, "qzhost: cannot take standard output for the video\n");
+            return 1;
+        }
+    }
+
     FrameSource source;
     if (!openSource(options, source)) return 1;
     const int width = source.width();
@@ -78,10 +93,22 @@ int main(int argc, char** argv) {
     OutputWriter writer;
     if (!writer.open(options.outDir, options.rawOut, width, height, options.outputType)) return 1;
 
+    Y4mWriter video;
+    if (!options.y4mOut.empty()) {
+        const int fps = options.fps > 0 ? options.fps : source.fps();
+        const bool opened = videoOut ? video.open(videoOut, width, height, fps)
+                                     : video.open(options.y4mOut, width, height, fps);
+        if (!opened) return 1;
+    }
+
     HostEngine engine;
-    if (!engine.start(options.assets)) return 1;
-    printf("input: %dx%d, %d frame(s), pushed as %s, read back as %s\n", width, height, frames,
-           CameraFrameConverter::formatName(options.cameraFormat), options.outputName.c_str());
+    if (!engine.start(options.assets, options.threaded)) return 1;
+    if (options.hasY4mInput())
+        printf("input: %dx%d video stream, pushed as %s, read back as %s\n", width, height,
+               CameraFrameConverter::formatName(options.cameraFormat), options.outputName.c_str());
+    else
+        printf("input: %dx%d, %d frame(s), pushed as %s, read back as %s\n", width, height, frames,
+               CameraFrameConverter::formatName(options.cameraFormat), options.outputName.c_str());
     engine.setupScene(width, height, options.cameraFormat, options.outputType);
     if (options.hasLandmarks())
         engine.setupFaces(FaceRecordBuilder::detectType(options.detect), options.showPoints);
@@ -92,7 +119,14 @@ int main(int argc, char** argv) {
     // Images of a look decode on the engine's load thread; a phone shows the
     // look a few frames late, a single photo would never show it. The first
     // frame is therefore ticked for a while before anything is read back.
-    if (options.warmupMs > 0 && frames > 0) {
+    // A stream cannot be read twice: its first frame warms up and is kept
+    // as the first frame of the run.
+    std::vector<uint8_t> heldFrame;
+    bool holding = false;
+    if (options.warmupMs > 0 && frames > 0 && options.hasY4mInput()) {
+        holding = source.next(heldFrame);
+        if (holding) engine.settle(heldFrame, nullptr, options.warmupMs);
+    } else if (options.warmupMs > 0 && frames > 0) {
         FrameSource warm;
         std::vector<uint8_t> first, firstCamera;
         if (openSource(options, warm) && warm.next(first)) {
@@ -117,11 +151,16 @@ int main(int argc, char** argv) {
     // Room for the largest output layout, so that a read-back never overruns.
     std::vector<uint8_t> output(static_cast<size_t>(width) * height * 4);
     std::vector<uint8_t> frame, camera;
-    ProgressBar progress(frames, !options.quiet);
-    int status = 0, fetched = 0;
+    ProgressBar progress(frames, !options.quiet && !options.hasY4mInput());
+    int status = 0, fetched = 0, ran = 0;
     for (int index = 1; index <= frames; ++index) {
-        if (!source.next(frame)) {
-            status = 1;
+        if (holding) {
+            frame.swap(heldFrame);
+            holding = false;
+        } else if (!source.next(frame)) {
+            // A stream that simply ends is the end of the run; a broken
+            // frame is an error, and the frames written so far stay valid.
+            if (!source.ended()) status = 1;
             break;
         }
         const std::vector<uint8_t>* pushed = &frame;
@@ -137,6 +176,7 @@ int main(int argc, char** argv) {
             engine.pushFaceRecord(faceRecord);
         }
         engine.pushFrame(*pushed);
+        ++ran;
         // Started with the first frame, so that the GIF's first picture is it.
         if (index == 1 && gifWidth > 0 && !engine.startGif(options.gifPath, gifWidth, gifHeight)) {
             fprintf(stderr, "qzhost: the engine refused to record '%s'\n", options.gifPath.c_str());
@@ -147,7 +187,8 @@ int main(int argc, char** argv) {
         if (engine.fetch(output)) {
             ++fetched;
             std::vector<uint8_t> result(output.begin(), output.begin() + writer.frameBytes());
-            if (!writer.write(index, result) || (options.compare && !writer.writeComparison(index, frame))) {
+            if (!writer.write(index, result) || (options.compare && !writer.writeComparison(index, frame)) ||
+                (!options.y4mOut.empty() && !video.write(result))) {
                 status = 1;
                 break;
             }
@@ -156,6 +197,11 @@ int main(int argc, char** argv) {
     }
     progress.finish();
     if (!writer.close()) status = 1;
+    if (!options.y4mOut.empty()) {
+        if (!video.close()) status = 1;
+        printf("wrote %d video frame(s) to %s\n", video.framesWritten(),
+               options.y4mOut == "-" ? "standard output" : options.y4mOut.c_str());
+    }
     if (gifWidth > 0 && status == 0) {
         if (engine.finishGif(120000))
             printf("wrote %s (%dx%d, %d fps)\n", options.gifPath.c_str(), gifWidth, gifHeight, options.fps);
@@ -171,7 +217,7 @@ int main(int argc, char** argv) {
         fprintf(stderr, "qzhost: the engine gave back no frame\n");
         status = 1;
     }
-    printf("ran %d frame(s), %d read back\n", frames, fetched);
+    printf("ran %d frame(s), %d read back%s\n", ran, fetched, options.threaded ? " (threaded engine)" : "");
     for (const std::string& path : writer.written()) printf("wrote %s\n", path.c_str());
     engine.stop();
     printf("engine stopped\n");
