@@ -24,6 +24,7 @@ public:
 
     const ZuColor& getColor() const { return color; }
     const ZuBoundingBox& getBox() const { return box; }
+    ZuMaterialColorSelect3d* getSelectMaterial() const { return selectMaterial; }
 
 private:
     void releaseOwned();
