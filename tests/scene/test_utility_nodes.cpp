@@ -28,7 +28,9 @@
 
 #include <GLES2/gl2.h>
 #include <cmath>
+#include <chrono>
 #include <functional>
+#include <thread>
 
 namespace {
 
@@ -53,6 +55,9 @@ protected:
 
 class UtilityNodeTest : public EngineTest {
 protected:
+    std::vector<std::string> resourceRoots() const override {
+        return {std::string(QZ_SOURCE_DIR) + "/samples/packages/"};
+    }
     void SetUp() override {
         EngineTest::SetUp();
         nodes = app->getGlobalMgr()->getNodeMgr();
@@ -178,6 +183,30 @@ TEST_F(UtilityNodeTest, DomeCoversTheBackgroundAndStaysBehindNearerModels) {
     dome->setVisible(false);
     frame();
     EXPECT_FALSE(is(atDesign(picture(), 360, 640), 20, 20, 20)) << "without the dome the far box shows";
+}
+
+TEST_F(UtilityNodeTest, TheSkyDomeSamplePackagePutsASkyBehindTheScene) {
+    app->getAppInter()->loadEffect("u", "style_skydome", 61, 0);
+    ZuSkyDomeNode* dome = nullptr;
+    for (int i = 0; i < 1000 && !(dome && dome->getTexture() && dome->getTexture()->getbLoad()); ++i) {
+        frame();
+        for (ZuNode* child : scene->getChildren())
+            if (auto* found = dynamic_cast<ZuSkyDomeNode*>(child)) dome = found;
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    ASSERT_NE(dome, nullptr);
+    EXPECT_EQ(dome->getresUID(), 61);
+    EXPECT_EQ(dome->getVertexCount(), 816);
+    frame();
+    // Looking down at the dome's lower half: ground haze, green over blue,
+    // and no trace of the dark picture.
+    const uint8_t* centre = atDesign(picture(), 360, 640);
+    EXPECT_GT(centre[1], 90);
+    EXPECT_GT(centre[1], centre[2]);
+    app->getAppInter()->delEffect("u", "style_skydome", 61);
+    frame();
+    frame();
+    EXPECT_TRUE(is(atDesign(picture(), 360, 640), 20, 20, 20)) << "the dome leaves with its effect";
 }
 
 TEST_F(UtilityNodeTest, DomeWithoutATextureOrMeshDrawsNothing) {

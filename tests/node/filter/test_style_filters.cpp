@@ -64,6 +64,9 @@ Bytes makePicture(const std::function<void(int x, int y, uint8_t* rgba)>& paint)
 
 class StyleFilterTest : public FilterFixture<GLTest> {
 protected:
+    std::vector<std::string> resourceRoots() const override {
+        return {packages.path(), std::string(QZ_SOURCE_DIR) + "/samples/packages/", sourceAssets()};
+    }
     void SetUp() override {
         FilterFixture<GLTest>::SetUp();
         nodes->getCreator()->registCreateFunc("StylePainterNode", zuCreateNodeOfType<StylePainterNode>);
@@ -196,6 +199,39 @@ TEST_F(StyleFilterTest, SketchMatchesItsReferenceOnAStepPicture) {
     // The flat white band, away from its step, is white.
     EXPECT_GT(white, 5 * kSide);
     for (int y = 0; y < kSide; ++y) EXPECT_EQ(at(out, 3, y)[0], 255);
+}
+
+TEST_F(StyleFilterTest, PackagesMakeTheSketchShakeAndMattingNodes) {
+    paint(bandPicture());
+    app->getAppInter()->loadEffect("s", "style_sketch", 51, 0);
+    ASSERT_TRUE(waitFor([&] { return nodes->getNode("s_sketch_0_51") != nullptr; }));
+    EXPECT_NE(dynamic_cast<ZuSketchFilterNode*>(nodes->getNode("s_sketch_0_51")), nullptr);
+    frame();
+    const Bytes sketched = picture();
+    EXPECT_EQ(at(sketched, 28, 16)[0], 0) << "the dark band turns black";
+    EXPECT_GT(at(sketched, 16, 16)[0], 150) << "the mid band shows the light hatching image";
+
+    app->getAppInter()->loadEffect("s", "style_shake", 52, 1);
+    ASSERT_TRUE(waitFor([&] { return nodes->getNode("s_shake_0_52") != nullptr; }));
+    EXPECT_NE(dynamic_cast<ZuEffectShakeNode*>(nodes->getNode("s_shake_0_52")), nullptr);
+
+    // Person 0 means every person: one node for each of the four.
+    packages.write("matte/config.json", R"({"param": [{"type": "alphaMatting", "id": "m"}]})");
+    packages.write("matte2/config.json", R"({"param": [{"type": "alphaMatting", "id": "m", "personid": "2"}]})");
+    packages.write("matte9/config.json", R"({"param": [{"type": "alphaMatting", "id": "m", "personid": "9"}]})");
+    LogCapture log;
+    app->getAppInter()->loadEffect("s", "matte", 53, 2);
+    app->getAppInter()->loadEffect("s", "matte2", 54, 3);
+    app->getAppInter()->loadEffect("s", "matte9", 55, 4);
+    ASSERT_TRUE(waitFor([&] { return nodes->getNode("s_m_4_53") && nodes->getNode("s_m_2_54"); }));
+    for (int person = 1; person <= 4; ++person) {
+        auto* node = nodes->getNode(("s_m_" + std::to_string(person) + "_53").c_str());
+        ASSERT_NE(dynamic_cast<ZuAlphaMattingNode*>(node), nullptr) << person;
+        EXPECT_EQ(node->getpersonID(), person);
+    }
+    EXPECT_EQ(nodes->getNode("s_m_1_54"), nullptr);
+    ASSERT_TRUE(waitFor([&] { return log.count("personid", ZU_LOG_WARN) == 1; }));
+    EXPECT_EQ(nodes->getNode("s_m_9_55"), nullptr);
 }
 
 // Without the engine's resource folder the hatching image cannot load: one
