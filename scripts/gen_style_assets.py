@@ -59,8 +59,8 @@ def hatching(size=512, seed=7):
 
 def sky(width=512, height=256, seed=11):
     """An equirectangular sky for the dome: v runs from the top of the dome
-    (deep blue) down to the horizon (pale) and below (ground haze), with
-    soft clouds that wrap around in u."""
+    (deep blue) down to the horizon (pale), with soft clouds that wrap
+    around in u, and below it a checkered field fading into haze."""
     rng = random.Random(seed)
     clouds = [(rng.uniform(0, 1), rng.uniform(0.22, 0.47), rng.uniform(0.02, 0.05), rng.uniform(0.5, 0.9))
               for _ in range(70)]
@@ -75,6 +75,16 @@ def sky(width=512, height=256, seed=11):
             base = (int(180 - 60 * k), int(220 - 90 * k), int(245 - 140 * k))
         for x in range(width):
             u = x / width
+            if v > 0.56:
+                # Ground: a field of two greens in a checker of u and v, so
+                # that the dome's mapping shows where the camera looks down.
+                dark = (int(u * 24) + int((v - 0.56) / 0.055)) % 2
+                haze = max(0.0, 1.0 - (v - 0.56) / 0.12)
+                g = (70, 120, 50) if dark else (105, 160, 70)
+                c = [int(gc + (bc - gc) * haze) for gc, bc in zip(g, base)]
+                i = (y * width + x) * 4
+                px[i:i + 4] = bytes((c[0], c[1], c[2], 255))
+                continue
             cover = 0.0
             for cu, cv, r, a in clouds:
                 # Clouds are long and flat: far wider in u than in v.
