@@ -200,7 +200,8 @@ TEST_F(UtilityNodeTest, TheSkyDomeSamplePackagePutsASkyBehindTheScene) {
     frame();
     // Looking down at the dome's lower half: ground haze, green over blue,
     // and no trace of the dark picture.
-    const uint8_t* centre = atDesign(picture(), 360, 640);
+    const Bytes sky = picture();
+    const uint8_t* centre = atDesign(sky, 360, 640);
     EXPECT_GT(centre[1], 90);
     EXPECT_GT(centre[1], centre[2]);
     app->getAppInter()->delEffect("u", "style_skydome", 61);
