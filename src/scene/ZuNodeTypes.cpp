@@ -33,6 +33,16 @@
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuScene.h"
 #include "scene/ZuTimeOutNode.h"
+#include "node/filter/ZuAlphaMattingNode.h"
+#include "node/filter/ZuEffectShakeNode.h"
+#include "node/filter/ZuPencilDrawingNode.h"
+#include "node/filter/ZuShakeFilterNode.h"
+#include "node/filter/ZuSketchFilterNode.h"
+#include "scene/Zu3DBox.h"
+#include "scene/Zu3DPlane.h"
+#include "scene/ZuDesignPlane.h"
+#include "scene/ZuDrawBoundingBoxNode.h"
+#include "scene/ZuSkyDomeNode.h"
 
 void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuScene", zuCreateNodeOfType<ZuScene>);
@@ -68,4 +78,15 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuFaceBeautifyExpand01Node", zuCreateNodeOfType<ZuFaceBeautifyExpand01Node>);
     creator->registCreateFunc("ZuBeautyNode", zuCreateNodeOfType<ZuBeautyNode>);
     creator->registCreateFunc("ZuParticleNode", zuCreateNodeOfType<ZuParticleNode>);
+    // Style passes and utility nodes.
+    creator->registCreateFunc("ZuSketchFilterNode", zuCreateNodeOfType<ZuSketchFilterNode>);
+    creator->registCreateFunc("ZuEffectShakeNode", zuCreateNodeOfType<ZuEffectShakeNode>);
+    creator->registCreateFunc("ZuShakeFilterNode", zuCreateNodeOfType<ZuShakeFilterNode>);
+    creator->registCreateFunc("ZuAlphaMattingNode", zuCreateNodeOfType<ZuAlphaMattingNode>);
+    creator->registCreateFunc("ZuPencilDrawingNode", zuCreateNodeOfType<ZuPencilDrawingNode>);
+    creator->registCreateFunc("ZuSkyDomeNode", zuCreateNodeOfType<ZuSkyDomeNode>);
+    creator->registCreateFunc("Zu3DBox", zuCreateNodeOfType<Zu3DBox>);
+    creator->registCreateFunc("Zu3DPlane", zuCreateNodeOfType<Zu3DPlane>);
+    creator->registCreateFunc("ZuDesignPlane", zuCreateNodeOfType<ZuDesignPlane>);
+    creator->registCreateFunc("ZuDrawBoundingBoxNode", zuCreateNodeOfType<ZuDrawBoundingBoxNode>);
 }

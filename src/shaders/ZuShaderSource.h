@@ -86,3 +86,15 @@ extern const char* const sf_faceBeautifyCurve;
 extern const char* const sv_faceBeautifyEs30;
 extern const char* const sf_faceBeautifyEs30;
 extern const char* const sv_faceBeautyOutline;
+
+// Style passes: sketch, channel shake, background keying, pencil drawing,
+// the screen effects, and the textured sky dome.
+extern const char* const sf_filterSketch;
+extern const char* const sf_effectShake;
+extern const char* const sv_filterShake;
+extern const char* const sf_alphaMatting;
+extern const char* const sf_filterPencilDrawing;
+extern const char* const sf_screen7color;
+extern const char* const sf_screencut4;
+extern const char* const sv_SkyDome;
+extern const char* const sf_SkyDome;

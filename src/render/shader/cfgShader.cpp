@@ -78,6 +78,15 @@ const Row kRows[] = {
     {"faceBuffingWhite_es30", sv_faceBuffingWhiteEs30, sf_faceBuffingWhiteEs30},
     {"faceBuffingWhite_es30High", sv_faceBuffingWhiteEs30, sf_faceBuffingWhiteEs30High},
     {"faceBeautyOutline", sv_faceBeautyOutline, sf_screennor}, // the warp is all in the vertex stage
+    // Style passes and the sky dome.
+    {"filterSketch", sv_screennor, sf_filterSketch},
+    {"effectShake", sv_screennor, sf_effectShake},
+    {"filterShake", sv_filterShake, sf_screennor},
+    {"alphaMatting", sv_screennor, sf_alphaMatting},
+    {"filterPencilDrawing", sv_screennor, sf_filterPencilDrawing},
+    {"screen7color", sv_screennor, sf_screen7color},
+    {"screencut4", sv_screennor, sf_screencut4},
+    {"SkyDome", sv_SkyDome, sf_SkyDome},
 };
 
 qz::map<qz::string, cfgShader::Sources>* buildTable() {

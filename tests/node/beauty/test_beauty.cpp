@@ -727,7 +727,7 @@ TEST_F(BeautyTest, PackageItemsCreateTheBeautyNodes) {
     ASSERT_NE(ints, nullptr);
     EXPECT_FLOAT_EQ(ints->getEyeLargeLeft(), 0.00001f);
     EXPECT_FLOAT_EQ(ints->getFaceSlim(), 0.5f);
-    EXPECT_EQ(nodes->getNode("s_shake_0_32"), nullptr);
+    EXPECT_NE(nodes->getNode("s_shake_0_32"), nullptr);
     EXPECT_EQ(nodes->getNode("s_odd_0_32"), nullptr);
 }
 
