@@ -107,11 +107,11 @@ bool ZuMeshDataMgr::loadFaceMesh(const char* name) {
     const rapidjson::Value* data = member(doc, "data", true);
     const char* problem = nullptr;
     if (mesh->tricount < 0 || mesh->tricount > kMaxTriangles)
-        problem = "triangle count outside 0 to 400";
+        problem = "triangle count outside 0 to 600";
     else if (mesh->vertexcount < 0)
         problem = "negative vertex count";
     else if (data && data->Size() > static_cast<rapidjson::SizeType>(FaceMesh::kMaxIndices))
-        problem = "more than 1200 indices";
+        problem = "more than 1800 indices";
     if (!problem && data) {
         for (rapidjson::SizeType i = 0; i < data->Size(); ++i) {
             const rapidjson::Value& item = (*data)[i];
