@@ -4,6 +4,7 @@
 #include "parse/ZuParseGatherFilter.h"
 #include "parse/ZuParseEffectFilter.h"
 #include "parse/ZuParseFaceBeautify.h"
+#include "parse/ZuParseMask.h"
 #include "parse/ZuParseMgr.h"
 #include "parse/ZuParseParticle.h"
 #include "parse/ZuParseSound.h"
@@ -17,4 +18,6 @@ void registerBuiltinItemTypes(ZuParseMgr* mgr, const CfgFilter& filter) {
     mgr->registDictionary("EffectFilter", ZuParseEffectFilter::parseEffectFilter);
     mgr->registDictionary("particle", ZuParseParticle::parseParticle);
     if (CfgFilter::isOn(filter.audio)) mgr->registDictionary("audio", ZuParseSound::parseSound);
+    // Face masks, swaps and real-face overlays.
+    mgr->registDictionary("mask", ZuParseMask::parseMask);
 }

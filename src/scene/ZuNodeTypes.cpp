@@ -4,6 +4,10 @@
 #include "node/camera/ZuBackGroundNode.h"
 #include "node/filter/ZuBeauFilterNode.h"
 #include "node/beauty/ZuBeautyNode.h"
+#include "node/mask/Zu2DFaceMaskASNode.h"
+#include "node/mask/Zu2DFaceMaskFPNode.h"
+#include "node/mask/Zu2DFaceMaskSTNode.h"
+#include "node/mask/Zu2DFaceMaskZUNode.h"
 #include "node/camera/ZuBgRenderNode.h"
 #include "node/output/ZuDataOutputScaleTexNode.h"
 #include "node/output/ZuDataOutputTexNode.h"
@@ -68,4 +72,9 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuFaceBeautifyExpand01Node", zuCreateNodeOfType<ZuFaceBeautifyExpand01Node>);
     creator->registCreateFunc("ZuBeautyNode", zuCreateNodeOfType<ZuBeautyNode>);
     creator->registCreateFunc("ZuParticleNode", zuCreateNodeOfType<ZuParticleNode>);
+    // Face masks, swaps and real-face overlays; small-face warps.
+    creator->registCreateFunc("Zu2DFaceMaskASNode", zuCreateNodeOfType<Zu2DFaceMaskASNode>);
+    creator->registCreateFunc("Zu2DFaceMaskSTNode", zuCreateNodeOfType<Zu2DFaceMaskSTNode>);
+    creator->registCreateFunc("Zu2DFaceMaskFPNode", zuCreateNodeOfType<Zu2DFaceMaskFPNode>);
+    creator->registCreateFunc("Zu2DFaceMaskZUNode", zuCreateNodeOfType<Zu2DFaceMaskZUNode>);
 }

@@ -86,3 +86,11 @@ extern const char* const sf_faceBeautifyCurve;
 extern const char* const sv_faceBeautifyEs30;
 extern const char* const sf_faceBeautifyEs30;
 extern const char* const sv_faceBeautyOutline;
+
+// Face masks, swaps and real-face overlays.
+extern const char* const sv_drawface2d;
+extern const char* const sf_drawface2d;
+extern const char* const sv_drawfaceBlend;
+extern const char* const sf_drawfaceBlend;
+extern const char* const sv_3dFaceReal;
+extern const char* const sf_3dFaceReal;

@@ -78,6 +78,10 @@ const Row kRows[] = {
     {"faceBuffingWhite_es30", sv_faceBuffingWhiteEs30, sf_faceBuffingWhiteEs30},
     {"faceBuffingWhite_es30High", sv_faceBuffingWhiteEs30, sf_faceBuffingWhiteEs30High},
     {"faceBeautyOutline", sv_faceBeautyOutline, sf_screennor}, // the warp is all in the vertex stage
+    // Face masks, swaps and real-face overlays: pictures on the face triangles.
+    {"drawface2d", sv_drawface2d, sf_drawface2d},
+    {"drawfaceBlend", sv_drawfaceBlend, sf_drawfaceBlend},
+    {"3dFaceReal", sv_3dFaceReal, sf_3dFaceReal},
 };
 
 qz::map<qz::string, cfgShader::Sources>* buildTable() {
