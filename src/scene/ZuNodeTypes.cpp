@@ -8,6 +8,12 @@
 #include "node/mask/Zu2DFaceMaskFPNode.h"
 #include "node/mask/Zu2DFaceMaskSTNode.h"
 #include "node/mask/Zu2DFaceMaskZUNode.h"
+#include "node/morph/ZuKejiSmallShortFaceNode.h"
+#include "node/morph/ZuPigFaceNode.h"
+#include "node/morph/ZuSmallFaceNode.h"
+#include "node/morph/ZuSmallShortFaceNode.h"
+#include "node/morph/ZuSmallShortShrinkNode.h"
+#include "node/morph/ZuSmallShrinkFaceNode.h"
 #include "node/camera/ZuBgRenderNode.h"
 #include "node/output/ZuDataOutputScaleTexNode.h"
 #include "node/output/ZuDataOutputTexNode.h"
@@ -77,4 +83,10 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("Zu2DFaceMaskSTNode", zuCreateNodeOfType<Zu2DFaceMaskSTNode>);
     creator->registCreateFunc("Zu2DFaceMaskFPNode", zuCreateNodeOfType<Zu2DFaceMaskFPNode>);
     creator->registCreateFunc("Zu2DFaceMaskZUNode", zuCreateNodeOfType<Zu2DFaceMaskZUNode>);
+    creator->registCreateFunc("ZuSmallFaceNode", zuCreateNodeOfType<ZuSmallFaceNode>);
+    creator->registCreateFunc("ZuSmallShortFaceNode", zuCreateNodeOfType<ZuSmallShortFaceNode>);
+    creator->registCreateFunc("ZuKejiSmallShortFaceNode", zuCreateNodeOfType<ZuKejiSmallShortFaceNode>);
+    creator->registCreateFunc("ZuPigFaceNode", zuCreateNodeOfType<ZuPigFaceNode>);
+    creator->registCreateFunc("ZuSmallShrinkFaceNode", zuCreateNodeOfType<ZuSmallShrinkFaceNode>);
+    creator->registCreateFunc("ZuSmallShortShrinkNode", zuCreateNodeOfType<ZuSmallShortShrinkNode>);
 }
