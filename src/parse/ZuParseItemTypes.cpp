@@ -8,6 +8,7 @@
 #include "parse/ZuParseMgr.h"
 #include "parse/ZuParseParticle.h"
 #include "parse/ZuParseSound.h"
+#include "parse/ZuParseSwapFace.h"
 #include "parse/ZuParseTimeOut.h"
 
 void registerBuiltinItemTypes(ZuParseMgr* mgr, const CfgFilter& filter) {
@@ -20,4 +21,5 @@ void registerBuiltinItemTypes(ZuParseMgr* mgr, const CfgFilter& filter) {
     if (CfgFilter::isOn(filter.audio)) mgr->registDictionary("audio", ZuParseSound::parseSound);
     // Face masks, swaps and real-face overlays.
     mgr->registDictionary("mask", ZuParseMask::parseMask);
+    mgr->registDictionary("swapface", ZuParseSwapFace::parseSwapFace);
 }

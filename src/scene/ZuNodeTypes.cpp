@@ -8,6 +8,9 @@
 #include "node/mask/Zu2DFaceMaskFPNode.h"
 #include "node/mask/Zu2DFaceMaskSTNode.h"
 #include "node/mask/Zu2DFaceMaskZUNode.h"
+#include "node/mask/ZuSwapFaceASNode.h"
+#include "node/mask/ZuSwapFaceFPNode.h"
+#include "node/mask/ZuSwapFaceSTNode.h"
 #include "node/morph/ZuKejiSmallShortFaceNode.h"
 #include "node/morph/ZuPigFaceNode.h"
 #include "node/morph/ZuSmallFaceNode.h"
@@ -83,6 +86,9 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("Zu2DFaceMaskSTNode", zuCreateNodeOfType<Zu2DFaceMaskSTNode>);
     creator->registCreateFunc("Zu2DFaceMaskFPNode", zuCreateNodeOfType<Zu2DFaceMaskFPNode>);
     creator->registCreateFunc("Zu2DFaceMaskZUNode", zuCreateNodeOfType<Zu2DFaceMaskZUNode>);
+    creator->registCreateFunc("ZuSwapFaceASNode", zuCreateNodeOfType<ZuSwapFaceASNode>);
+    creator->registCreateFunc("ZuSwapFaceSTNode", zuCreateNodeOfType<ZuSwapFaceSTNode>);
+    creator->registCreateFunc("ZuSwapFaceFPNode", zuCreateNodeOfType<ZuSwapFaceFPNode>);
     creator->registCreateFunc("ZuSmallFaceNode", zuCreateNodeOfType<ZuSmallFaceNode>);
     creator->registCreateFunc("ZuSmallShortFaceNode", zuCreateNodeOfType<ZuSmallShortFaceNode>);
     creator->registCreateFunc("ZuKejiSmallShortFaceNode", zuCreateNodeOfType<ZuKejiSmallShortFaceNode>);

@@ -11,6 +11,7 @@
 #include "person/ZuPersonSys.h"
 #include "render/fbo/ZuFboObject.h"
 #include "render/texture/ZuPngLoader.h"
+#include "render/texture/ZuPngWriter.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuNodeMgr.h"
 #include "scene/ZuScene.h"
@@ -77,16 +78,19 @@ protected:
     static constexpr const char* kScene = "m";
 
     std::vector<std::string> resourceRoots() const override { return {sourceAssets()}; }
+    // The photo and its ST record, under samples/.
+    virtual const char* photoFile() const { return "photos/astronaut.png"; }
+    virtual const char* recordFile() const { return "faces/astronaut.st.rec"; }
 
     void SetUp() override {
         EngineTest::SetUp();
         config = app->getGlobalMgr()->getConfig();
         host = app->getAppInter();
         nodes = app->getGlobalMgr()->getNodeMgr();
-        photo = loadPhoto(QZ_SOURCE_DIR "/samples/photos/astronaut.png");
+        photo = loadPhoto((std::string(QZ_SOURCE_DIR "/samples/") + photoFile()).c_str());
         ASSERT_EQ(photo.size(), static_cast<size_t>(kSize) * kSize * 4);
-        faces = parseStRecord(readBytes(QZ_SOURCE_DIR "/samples/faces/astronaut.st.rec"));
-        ASSERT_EQ(faces.size(), 1u);
+        faces = parseStRecord(readBytes(std::string(QZ_SOURCE_DIR "/samples/") + recordFile()));
+        ASSERT_FALSE(faces.empty());
         record = stRecord(faces);
         Camera* camera = config->getCamera(kScene);
         camera->width = kSize;
@@ -128,6 +132,16 @@ protected:
         Bytes pixels = readPixels(0, 0, kSize, kSize);
         glBindFramebuffer(GL_FRAMEBUFFER, 0);
         return pixels;
+    }
+    // With QZ_TEST_DUMP set, the picture goes to that folder as NAME.png.
+    void dump(const Bytes& pic, const std::string& name) {
+        const char* folder = std::getenv("QZ_TEST_DUMP");
+        if (!folder) return;
+        Bytes top(pic.size());
+        for (int y = 0; y < kSize; ++y)
+            std::memcpy(&top[static_cast<size_t>(kSize - 1 - y) * kSize * 4], &pic[static_cast<size_t>(y) * kSize * 4],
+                        kSize * 4);
+        ZuPngWriter(app).write((std::string(folder) + "/" + name + ".png").c_str(), kSize, kSize, top.data());
     }
     ZuPerson* person(int id) { return app->getGlobalMgr()->getPersonSys()->getPerson(kScene, id); }
 

@@ -88,12 +88,7 @@ protected:
         SCOPED_TRACE(what);
         ASSERT_GT(node->getLiveCount(), 0);
         const Bytes pic = picture();
-        if (const char* dump = std::getenv("QZ_TEST_DUMP")) {
-            Bytes top(pic.size());
-            for (int y = 0; y < kSize; ++y)
-                std::memcpy(&top[static_cast<size_t>(kSize - 1 - y) * kSize * 4], &pic[static_cast<size_t>(y) * kSize * 4], kSize * 4);
-            ZuPngWriter(app).write((std::string(dump) + "/mask_" + what + ".png").c_str(), kSize, kSize, top.data());
-        }
+        dump(pic, std::string("mask_") + what);
         for (int id : kMarked) {
             const float* live = node->getFaceData() + id * 2;
             double mx = 0, my = 0;
