@@ -66,7 +66,9 @@ void ZuMeshDataMgr::init() {
         loaded += loadFaceMesh(pair[0]) ? 1 : 0;
         loaded += loadStanderFace(pair[1]) ? 1 : 0;
     }
-    QZLOGD("face data: %d of %d files loaded from %s", loaded, static_cast<int>(2 * sizeof kNames / sizeof kNames[0]),
+    // The target shape of the change-face overlay: a standard face alone.
+    loaded += loadStanderFace("standerface_as_hg01") ? 1 : 0;
+    QZLOGD("face data: %d of %d files loaded from %s", loaded, static_cast<int>(2 * sizeof kNames / sizeof kNames[0]) + 1,
            kMeshDir);
 }
 

@@ -8,6 +8,10 @@
 #include "node/mask/Zu2DFaceMaskFPNode.h"
 #include "node/mask/Zu2DFaceMaskSTNode.h"
 #include "node/mask/Zu2DFaceMaskZUNode.h"
+#include "node/mask/Zu2DChangeFaceASNode.h"
+#include "node/mask/Zu2DChangeFaceNode.h"
+#include "node/mask/Zu2DFaceChangeTargetNode.h"
+#include "node/mask/Zu2DFaceRealNode.h"
 #include "node/mask/ZuSwapFaceASNode.h"
 #include "node/mask/ZuSwapFaceFPNode.h"
 #include "node/mask/ZuSwapFaceSTNode.h"
@@ -86,6 +90,10 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("Zu2DFaceMaskSTNode", zuCreateNodeOfType<Zu2DFaceMaskSTNode>);
     creator->registCreateFunc("Zu2DFaceMaskFPNode", zuCreateNodeOfType<Zu2DFaceMaskFPNode>);
     creator->registCreateFunc("Zu2DFaceMaskZUNode", zuCreateNodeOfType<Zu2DFaceMaskZUNode>);
+    creator->registCreateFunc("Zu2DFaceRealNode", zuCreateNodeOfType<Zu2DFaceRealNode>);
+    creator->registCreateFunc("Zu2DFaceChangeTargetNode", zuCreateNodeOfType<Zu2DFaceChangeTargetNode>);
+    creator->registCreateFunc("Zu2DChangeFaceNode", zuCreateNodeOfType<Zu2DChangeFaceNode>);
+    creator->registCreateFunc("Zu2DChangeFaceASNode", zuCreateNodeOfType<Zu2DChangeFaceASNode>);
     creator->registCreateFunc("ZuSwapFaceASNode", zuCreateNodeOfType<ZuSwapFaceASNode>);
     creator->registCreateFunc("ZuSwapFaceSTNode", zuCreateNodeOfType<ZuSwapFaceSTNode>);
     creator->registCreateFunc("ZuSwapFaceFPNode", zuCreateNodeOfType<ZuSwapFaceFPNode>);

@@ -3,7 +3,8 @@
 //   qzfacemesh assets/shader/mesh
 // reads standerface_<as|st|fp|zu>.json (the first landmarks of each, as
 // scripts/gen_face_assets.py lays them out) and writes the full and the
-// simplified standard face and mesh of each back end beside them. Running it
+// simplified standard face and mesh of each back end beside them, and the
+// "hg01" target face of the change-face overlay. Running it
 // twice changes nothing; tests/data checks the shipped files against it.
 #include "node/mask/ZuFaceMeshBuilder.h"
 
@@ -69,5 +70,13 @@ int main(int argc, char** argv) {
             std::printf("%s: %d points, %zu triangles\n", suffix.c_str(), n, triangles.size() / 3);
         }
     }
+    // The target face of the change-face overlay, from the AS landmarks.
+    std::vector<float> as, target;
+    int designW = 0, designH = 0;
+    if (!readLandmarks(dir + "/standerface_as.json", &as, &designW, &designH) ||
+        !ZuFaceMeshBuilder::hg01(as.data(), static_cast<int>(as.size() / 2), &target) ||
+        !writeText(dir + "/standerface_as_hg01.json", ZuFaceMeshBuilder::standerFaceJson(target, designW, designH)))
+        return 1;
+    std::printf("as_hg01: %zu points\n", target.size() / 2);
     return 0;
 }

@@ -45,6 +45,7 @@ public:
     // Points the last update produced (0 when it had no face).
     int getLiveCount() const { return liveCount; }
     int getTriangleCount() const { return triangleCount; }
+    const uint16_t* getIndices() const { return indices; }
     FACEMASK2DTYPE getMeshType() const { return meshType; }
     // Design point i of the standard face, or null.
     const float* getStandardPoint(int i) const { return i >= 0 && i < pointCount ? &standardPoints[i * 2] : nullptr; }

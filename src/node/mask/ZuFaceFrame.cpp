@@ -41,3 +41,13 @@ ZuRenderCamera* ZuFaceFrame::camera(ZuAppMain* app) {
     ZuGlobalParam* param = app ? app->getGlobalParam() : nullptr;
     return param ? param->activeCamera : nullptr;
 }
+
+void ZuFaceFrame::toCamera(float x, float y, float w, float h, int angle, float* u, float* v) {
+    const float a = x / w, b = y / h;
+    switch (angle) {
+    case 90: *u = b, *v = 1.0f - a; break;
+    case 180: *u = 1.0f - a, *v = 1.0f - b; break;
+    case 270: *u = 1.0f - b, *v = a; break;
+    default: *u = a, *v = b; break;
+    }
+}

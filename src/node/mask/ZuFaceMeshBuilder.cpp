@@ -110,6 +110,34 @@ std::vector<int> ZuFaceMeshBuilder::triangulate(const Backend& backend, bool sim
     return out;
 }
 
+bool ZuFaceMeshBuilder::hg01(const float* landmarks, int count, std::vector<float>* points) {
+    if (!landmarks || count < 101 || !points) return false;
+    points->assign(landmarks, landmarks + 202);
+    std::vector<float>& p = *points;
+    auto scaleAbout = [&](int first, int last, float cx, float cy, float sx, float sy) {
+        for (int i = first; i <= last; ++i) {
+            p[i * 2] = cx + (p[i * 2] - cx) * sx;
+            p[i * 2 + 1] = cy + (p[i * 2 + 1] - cy) * sy;
+        }
+    };
+    // Eyes (rim and pupil) a quarter larger about their pupils.
+    scaleAbout(39, 50, landmarks[95 * 2], landmarks[95 * 2 + 1], 1.25f, 1.25f);
+    scaleAbout(51, 62, landmarks[96 * 2], landmarks[96 * 2 + 1], 1.25f, 1.25f);
+    // Lips a sixth smaller about the mouth's centre.
+    const float mx = 0.5f * (landmarks[75 * 2] + landmarks[81 * 2]);
+    const float my = 0.5f * (landmarks[78 * 2 + 1] + landmarks[84 * 2 + 1]);
+    scaleAbout(75, 94, mx, my, 0.85f, 0.85f);
+    // The jaw drawn towards the centre line, most at the chin, and the chin raised.
+    const float centre = landmarks[9 * 2], ear = landmarks[0 * 2 + 1], chin = landmarks[9 * 2 + 1];
+    for (int i = 0; i <= 18; ++i) {
+        const float down = (ear - p[i * 2 + 1]) / (ear - chin); // 0 at the ears, 1 at the chin
+        const float pull = 0.15f * std::max(0.0f, std::min(1.0f, down));
+        p[i * 2] = centre + (p[i * 2] - centre) * (1.0f - pull);
+        p[i * 2 + 1] += 0.08f * (ear - chin) * std::max(0.0f, down) * down;
+    }
+    return true;
+}
+
 std::string ZuFaceMeshBuilder::standerFaceJson(const std::vector<float>& points, int designW, int designH) {
     const int n = static_cast<int>(points.size() / 2);
     float minX = 1e9f, maxX = -1e9f, minY = 1e9f, maxY = -1e9f;

@@ -27,6 +27,11 @@ public:
     // Triangles over points (counter-clockwise, y up) with the mouth removed.
     static std::vector<int> triangulate(const Backend& backend, bool simplified, const std::vector<float>& points);
 
+    // The "hg01" target face of the change-face overlay, on the AS layout: a
+    // doll-like reshape of the AS standard face (eyes a quarter larger,
+    // mouth smaller, jaw and chin drawn in), landmarks only.
+    static bool hg01(const float* asLandmarks, int count, std::vector<float>* points);
+
     // The two files' text ("standerface_<name>[_simplify].json" and
     // "facemesh_<name>[_simplify].json").
     static std::string standerFaceJson(const std::vector<float>& points, int designW, int designH);

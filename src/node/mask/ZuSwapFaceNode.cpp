@@ -26,21 +26,6 @@
 #include <algorithm>
 #include <utility>
 
-namespace {
-
-// Frame pixels to coordinates of the camera picture, which keeps the
-// camera's own orientation: the inverse of the turn the landmarks took.
-void toCamera(float x, float y, float w, float h, int angle, float* u, float* v) {
-    const float a = x / w, b = y / h;
-    switch (angle) {
-    case 90: *u = b, *v = 1.0f - a; break;
-    case 180: *u = 1.0f - a, *v = 1.0f - b; break;
-    case 270: *u = 1.0f - b, *v = a; break;
-    default: *u = a, *v = b; break;
-    }
-}
-
-} // namespace
 
 ZuSwapFaceNode::ZuSwapFaceNode(ZuAppMain* app) : ZuNode(app) { setType("ZuSwapFaceNode"); }
 
@@ -137,7 +122,7 @@ bool ZuSwapFaceNode::_updatemesh() {
         for (int i = 0; i < standardCount; ++i) {
             float* v = &vertices[i * 6];
             v[0] = on[i * 2], v[1] = on[i * 2 + 1];
-            toCamera(from[i * 2], from[i * 2 + 1], w, h, camera->angle, &v[2], &v[3]);
+            ZuFaceFrame::toCamera(from[i * 2], from[i * 2 + 1], w, h, camera->angle, &v[2], &v[3]);
             v[4] = standard[i * 2], v[5] = standard[i * 2 + 1];
         }
         mesh->setVertexData(vertices, standardCount * 6 * static_cast<int>(sizeof(float)));

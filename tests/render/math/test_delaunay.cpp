@@ -199,6 +199,11 @@ TEST(FaceMeshBuilder, ShippedMeshesAreReproducedFromTheStandardFaces) {
                       readText(dir + "facemesh_" + suffix + ".json"));
         }
     }
+    std::vector<float> target;
+    const std::vector<float> as = standardFace("as");
+    ASSERT_TRUE(ZuFaceMeshBuilder::hg01(as.data(), static_cast<int>(as.size() / 2), &target));
+    EXPECT_EQ(ZuFaceMeshBuilder::standerFaceJson(target, 700, 1004), readText(dir + "standerface_as_hg01.json"));
+    EXPECT_GT(target[9 * 2 + 1], as[9 * 2 + 1]) << "the chin rises";
     LogCapture log;
     std::vector<float> points;
     EXPECT_FALSE(ZuFaceMeshBuilder::extend(*ZuFaceMeshBuilder::backend("as"), false, standardFace("zu").data(), 60, 700,
