@@ -58,6 +58,7 @@ void DelaunayTriangle::generateTriangles() {
     for (int i = 0; i < pointCount; ++i)
         if (!isAbandoned(i)) addPoint(points[i * 2], points[i * 2 + 1], 0.0f, i);
     for (uint32_t t = triangles.size(); t-- > 0;) {
+        if (t >= triangles.size()) continue;
         const DTriangle& tri = triangles[t];
         if (tri.a >= n || tri.b >= n || tri.c >= n) {
             qz::array<DEdge> dropped;
@@ -80,29 +81,44 @@ bool DelaunayTriangle::addPoint(float x, float y, float z, int id) {
         if (std::sqrt(dx * dx + dy * dy) <= tri.radius) inside.push_back(t);
     }
     qz::array<DEdge> boundary;
-    for (uint32_t k = 0; k < inside.size(); ++k) {
-        removeTriangleAt(inside[k], boundary);
-        for (uint32_t later = k + 1; later < inside.size(); ++later) --inside[later];
-    }
+    // Last first: a gap is filled from the list's end, which holds no
+    // triangle still to be removed.
+    for (uint32_t k = inside.size(); k-- > 0;) removeTriangleAt(inside[k], boundary);
     for (uint32_t e = 0; e < boundary.size(); ++e) makeTriangle(boundary[e].a, id, boundary[e].b);
     return true;
 }
 
+uint64_t DelaunayTriangle::edgeKey(int a, int b) {
+    const uint32_t lo = static_cast<uint32_t>(a < b ? a : b), hi = static_cast<uint32_t>(a < b ? b : a);
+    return (static_cast<uint64_t>(hi) << 32) | lo;
+}
+
 int DelaunayTriangle::findEdge(int a, int b) const {
-    for (uint32_t e = 0; e < edges.size(); ++e)
-        if (edges[e].same(a, b)) return static_cast<int>(e);
-    return -1;
+    auto it = edgeIndex.find(edgeKey(a, b));
+    return it == edgeIndex.end() ? -1 : static_cast<int>(it->second);
+}
+
+void DelaunayTriangle::removeEdgeAt(uint32_t e) {
+    const uint32_t last = edges.size() - 1;
+    edgeIndex.erase(edgeKey(edges[e].a, edges[e].b));
+    if (e != last) {
+        edges[e] = edges[last];
+        edgeIndex[edgeKey(edges[e].a, edges[e].b)] = e;
+    }
+    edges.erase(last);
 }
 
 void DelaunayTriangle::makeEdge(int a, int b, int count) {
+    if (findEdge(a, b) >= 0) return; // one entry per pair of ids
     DEdge edge;
     edge.a = a, edge.b = b, edge.count = count;
+    edgeIndex[edgeKey(a, b)] = edges.size();
     edges.push_back(edge);
 }
 
 void DelaunayTriangle::deleteEdge(int a, int b) {
     const int e = findEdge(a, b);
-    if (e >= 0) edges.erase(static_cast<uint32_t>(e));
+    if (e >= 0) removeEdgeAt(static_cast<uint32_t>(e));
 }
 
 void DelaunayTriangle::makeTriangle(int a, int b, int c) {
@@ -151,10 +167,12 @@ void DelaunayTriangle::removeTriangleAt(uint32_t t, qz::array<DEdge>& boundary) 
                     boundary.erase(k);
                     break;
                 }
-            edges.erase(static_cast<uint32_t>(e));
+            removeEdgeAt(static_cast<uint32_t>(e));
         }
     }
-    triangles.erase(t);
+    const uint32_t last = triangles.size() - 1;
+    if (t != last) triangles[t] = triangles[last];
+    triangles.erase(last);
 }
 
 void DelaunayTriangle::deleteTriangle(int a, int b, int c) {

@@ -3,6 +3,9 @@
 #include "basesys/qzArray.h"
 #include "basesys/qzMap.h"
 
+#include <cstdint>
+#include <unordered_map>
+
 class GrahamFrame;
 
 struct DPoint {
@@ -25,7 +28,9 @@ struct DTriangle {
 
 // Incremental (Bowyer-Watson) Delaunay triangulation of at most 400 points,
 // for authoring face meshes offline: plain lists, every insertion scans all
-// triangles and edges, which suits a few hundred points and no frame loop.
+// triangles, which suits a few hundred points and no frame loop. Edges are
+// found through an index by their two ids, and lists close gaps by moving
+// their last entry in, so one insertion costs a triangle scan and no more.
 // One object serves one triangulation.
 class DelaunayTriangle {
 public:
@@ -63,6 +68,8 @@ public:
 
 private:
     int findEdge(int a, int b) const;
+    static uint64_t edgeKey(int a, int b);
+    void removeEdgeAt(uint32_t e);
     // Takes triangle index t off the list, its edges into boundary.
     void removeTriangleAt(uint32_t t, qz::array<DEdge>& boundary);
     bool isAbandoned(int id) const;
@@ -70,6 +77,7 @@ private:
     GrahamFrame* frame = nullptr;
     qz::map<int, DPoint> vertices;
     qz::array<DEdge> edges;
+    std::unordered_map<uint64_t, uint32_t> edgeIndex; // edgeKey -> place in edges
     qz::array<DTriangle> triangles;
     float points[kMaxPoints * 2] = {};
     int abandoned[kMaxAbandoned] = {};
