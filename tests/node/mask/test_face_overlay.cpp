@@ -111,3 +111,16 @@ TEST_F(FaceOverlayTest, ChangeTargetNeedsTheASLayout) {
     EXPECT_EQ(picture(), plain);
     EXPECT_EQ(log.count("needs the AS tracker"), 1);
 }
+
+// Packages and hosts make these by type name alone.
+TEST_F(FaceOverlayTest, EveryFaceNodeIsMadeByItsName) {
+    for (const char* type :
+         {"Zu2DFaceMaskASNode", "Zu2DFaceMaskSTNode", "Zu2DFaceMaskFPNode", "Zu2DFaceMaskZUNode", "Zu2DFaceRealNode",
+          "Zu2DFaceChangeTargetNode", "Zu2DChangeFaceNode", "Zu2DChangeFaceASNode", "ZuSwapFaceASNode", "ZuSwapFaceSTNode",
+          "ZuSwapFaceFPNode", "ZuSmallFaceNode", "ZuSmallShortFaceNode", "ZuKejiSmallShortFaceNode", "ZuPigFaceNode",
+          "ZuSmallShrinkFaceNode", "ZuSmallShortShrinkNode"}) {
+        ZuNode* node = nodes->getCreator()->createNode(type, kScene, type);
+        ASSERT_NE(node, nullptr) << type;
+        EXPECT_EQ(node->getType(), qz::string(type));
+    }
+}
