@@ -67,6 +67,7 @@ TEST_F(SmallFaceTest, JawNarrowsWithLevelWidensWhenFatAndCornersStay) {
         node->setSmallLevel(level);
         frame();
         const Bytes pic = picture();
+        dump(pic, "small_face_level_" + std::to_string(static_cast<int>(level)));
         const int width = widthOn(pic, jawRow);
         std::printf("small face level %.1f: jaw %d -> %d pixels\n", level, before, width);
         EXPECT_LT(width, last) << "level " << level;

@@ -63,8 +63,11 @@ void expectDelaunay(const std::vector<float>& p, const DelaunayTriangle& d, cons
                 << "point " << i << " inside the circle of " << ids[0] << "," << ids[1] << "," << ids[2];
         }
     }
-    for (int i = 0; i < n; ++i)
-        if (!skipped.count(i)) EXPECT_TRUE(used.count(i)) << "point " << i << " is no vertex";
+    for (int i = 0; i < n; ++i) {
+        if (!skipped.count(i)) {
+            EXPECT_TRUE(used.count(i)) << "point " << i << " is no vertex";
+        }
+    }
 }
 
 } // namespace
