@@ -234,15 +234,17 @@ def main():
     os.makedirs(root, exist_ok=True)
     layouts = {"as": (layout_as(), 101, "as"), "st": (layout_st(), 106, "st"),
                "fp": (layout_st(), 106, "st"), "zu": (layout_self(), 70, "zu")}
-    variants = [("as", ""), ("as", "_simplify"), ("st", ""), ("st", "_simplify"), ("st", "_normal"),
-                ("fp", ""), ("fp", "_simplify"), ("zu", ""), ("zu", "_simplify")]
-    for name, suffix in variants:
-        points, count, table = layouts[name]
+    # The point debugging view keeps its landmark-only mesh; every other mesh
+    # (full and simplified, with the synthetic points the engine adds to a
+    # live face) is made by the engine's own triangulator afterwards:
+    #   build/tools/facemesh/qzfacemesh assets/shader/mesh
+    for name, (points, count, table) in layouts.items():
         assert len(points) == count, (name, len(points))
-        indices = key_points(table, count) if suffix == "_simplify" else list(range(count))
-        write(os.path.join(root, "standerface_%s%s.json" % (name, suffix)), stander_face(points))
-        write(os.path.join(root, "facemesh_%s%s.json" % (name, suffix)), face_mesh(points, indices))
-
+        write(os.path.join(root, "standerface_%s.json" % name), stander_face(points))
+    points, count, _ = layouts["st"]
+    write(os.path.join(root, "standerface_st_normal.json"), stander_face(points))
+    write(os.path.join(root, "facemesh_st_normal.json"), face_mesh(points, list(range(count))))
+    print("now run: build/tools/facemesh/qzfacemesh %s" % root)
 
 if __name__ == "__main__":
     main()

@@ -66,7 +66,9 @@ void ZuMeshDataMgr::init() {
         loaded += loadFaceMesh(pair[0]) ? 1 : 0;
         loaded += loadStanderFace(pair[1]) ? 1 : 0;
     }
-    QZLOGD("face data: %d of %d files loaded from %s", loaded, static_cast<int>(2 * sizeof kNames / sizeof kNames[0]),
+    // The target shape of the change-face overlay: a standard face alone.
+    loaded += loadStanderFace("standerface_as_hg01") ? 1 : 0;
+    QZLOGD("face data: %d of %d files loaded from %s", loaded, static_cast<int>(2 * sizeof kNames / sizeof kNames[0]) + 1,
            kMeshDir);
 }
 
@@ -107,11 +109,11 @@ bool ZuMeshDataMgr::loadFaceMesh(const char* name) {
     const rapidjson::Value* data = member(doc, "data", true);
     const char* problem = nullptr;
     if (mesh->tricount < 0 || mesh->tricount > kMaxTriangles)
-        problem = "triangle count outside 0 to 400";
+        problem = "triangle count outside 0 to 600";
     else if (mesh->vertexcount < 0)
         problem = "negative vertex count";
     else if (data && data->Size() > static_cast<rapidjson::SizeType>(FaceMesh::kMaxIndices))
-        problem = "more than 1200 indices";
+        problem = "more than 1800 indices";
     if (!problem && data) {
         for (rapidjson::SizeType i = 0; i < data->Size(); ++i) {
             const rapidjson::Value& item = (*data)[i];

@@ -4,9 +4,11 @@
 #include "parse/ZuParseGatherFilter.h"
 #include "parse/ZuParseEffectFilter.h"
 #include "parse/ZuParseFaceBeautify.h"
+#include "parse/ZuParseMask.h"
 #include "parse/ZuParseMgr.h"
 #include "parse/ZuParseParticle.h"
 #include "parse/ZuParseSound.h"
+#include "parse/ZuParseSwapFace.h"
 #include "parse/ZuParseTimeOut.h"
 #include "parse/ZuParseAlphaMatting.h"
 
@@ -19,4 +21,7 @@ void registerBuiltinItemTypes(ZuParseMgr* mgr, const CfgFilter& filter) {
     mgr->registDictionary("particle", ZuParseParticle::parseParticle);
     if (CfgFilter::isOn(filter.audio)) mgr->registDictionary("audio", ZuParseSound::parseSound);
     mgr->registDictionary("alphaMatting", ZuParseAlphaMatting::parseAlphaMatting);
+    // Face masks, swaps and real-face overlays.
+    mgr->registDictionary("mask", ZuParseMask::parseMask);
+    mgr->registDictionary("swapface", ZuParseSwapFace::parseSwapFace);
 }

@@ -4,6 +4,23 @@
 #include "node/camera/ZuBackGroundNode.h"
 #include "node/filter/ZuBeauFilterNode.h"
 #include "node/beauty/ZuBeautyNode.h"
+#include "node/mask/Zu2DFaceMaskASNode.h"
+#include "node/mask/Zu2DFaceMaskFPNode.h"
+#include "node/mask/Zu2DFaceMaskSTNode.h"
+#include "node/mask/Zu2DFaceMaskZUNode.h"
+#include "node/mask/Zu2DChangeFaceASNode.h"
+#include "node/mask/Zu2DChangeFaceNode.h"
+#include "node/mask/Zu2DFaceChangeTargetNode.h"
+#include "node/mask/Zu2DFaceRealNode.h"
+#include "node/mask/ZuSwapFaceASNode.h"
+#include "node/mask/ZuSwapFaceFPNode.h"
+#include "node/mask/ZuSwapFaceSTNode.h"
+#include "node/morph/ZuKejiSmallShortFaceNode.h"
+#include "node/morph/ZuPigFaceNode.h"
+#include "node/morph/ZuSmallFaceNode.h"
+#include "node/morph/ZuSmallShortFaceNode.h"
+#include "node/morph/ZuSmallShortShrinkNode.h"
+#include "node/morph/ZuSmallShrinkFaceNode.h"
 #include "node/camera/ZuBgRenderNode.h"
 #include "node/output/ZuDataOutputScaleTexNode.h"
 #include "node/output/ZuDataOutputTexNode.h"
@@ -89,4 +106,22 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("Zu3DPlane", zuCreateNodeOfType<Zu3DPlane>);
     creator->registCreateFunc("ZuDesignPlane", zuCreateNodeOfType<ZuDesignPlane>);
     creator->registCreateFunc("ZuDrawBoundingBoxNode", zuCreateNodeOfType<ZuDrawBoundingBoxNode>);
+    // Face masks, swaps and real-face overlays; small-face warps.
+    creator->registCreateFunc("Zu2DFaceMaskASNode", zuCreateNodeOfType<Zu2DFaceMaskASNode>);
+    creator->registCreateFunc("Zu2DFaceMaskSTNode", zuCreateNodeOfType<Zu2DFaceMaskSTNode>);
+    creator->registCreateFunc("Zu2DFaceMaskFPNode", zuCreateNodeOfType<Zu2DFaceMaskFPNode>);
+    creator->registCreateFunc("Zu2DFaceMaskZUNode", zuCreateNodeOfType<Zu2DFaceMaskZUNode>);
+    creator->registCreateFunc("Zu2DFaceRealNode", zuCreateNodeOfType<Zu2DFaceRealNode>);
+    creator->registCreateFunc("Zu2DFaceChangeTargetNode", zuCreateNodeOfType<Zu2DFaceChangeTargetNode>);
+    creator->registCreateFunc("Zu2DChangeFaceNode", zuCreateNodeOfType<Zu2DChangeFaceNode>);
+    creator->registCreateFunc("Zu2DChangeFaceASNode", zuCreateNodeOfType<Zu2DChangeFaceASNode>);
+    creator->registCreateFunc("ZuSwapFaceASNode", zuCreateNodeOfType<ZuSwapFaceASNode>);
+    creator->registCreateFunc("ZuSwapFaceSTNode", zuCreateNodeOfType<ZuSwapFaceSTNode>);
+    creator->registCreateFunc("ZuSwapFaceFPNode", zuCreateNodeOfType<ZuSwapFaceFPNode>);
+    creator->registCreateFunc("ZuSmallFaceNode", zuCreateNodeOfType<ZuSmallFaceNode>);
+    creator->registCreateFunc("ZuSmallShortFaceNode", zuCreateNodeOfType<ZuSmallShortFaceNode>);
+    creator->registCreateFunc("ZuKejiSmallShortFaceNode", zuCreateNodeOfType<ZuKejiSmallShortFaceNode>);
+    creator->registCreateFunc("ZuPigFaceNode", zuCreateNodeOfType<ZuPigFaceNode>);
+    creator->registCreateFunc("ZuSmallShrinkFaceNode", zuCreateNodeOfType<ZuSmallShrinkFaceNode>);
+    creator->registCreateFunc("ZuSmallShortShrinkNode", zuCreateNodeOfType<ZuSmallShortShrinkNode>);
 }

@@ -98,3 +98,19 @@ extern const char* const sf_screen7color;
 extern const char* const sf_screencut4;
 extern const char* const sv_SkyDome;
 extern const char* const sf_SkyDome;
+// Face masks, swaps and real-face overlays.
+extern const char* const sv_drawface2d;
+extern const char* const sf_drawface2d;
+extern const char* const sv_drawfaceBlend;
+extern const char* const sf_drawfaceBlend;
+extern const char* const sv_3dFaceReal;
+extern const char* const sf_3dFaceReal;
+
+// Small-face warps.
+extern const char* const sv_smallFace;
+extern const char* const sf_smallFace;
+extern const char* const sf_smallShrinkFace;
+extern const char* const sf_shortFace;
+extern const char* const sf_smallShortShrink;
+extern const char* const sf_kejiSmallShortFace;
+extern const char* const sf_pigFace;

@@ -87,6 +87,17 @@ const Row kRows[] = {
     {"screen7color", sv_screennor, sf_screen7color},
     {"screencut4", sv_screennor, sf_screencut4},
     {"SkyDome", sv_SkyDome, sf_SkyDome},
+    // Face masks, swaps and real-face overlays: pictures on the face triangles.
+    {"drawface2d", sv_drawface2d, sf_drawface2d},
+    {"drawfaceBlend", sv_drawfaceBlend, sf_drawfaceBlend},
+    {"3dFaceReal", sv_3dFaceReal, sf_3dFaceReal},
+    // Small-face warps: pushes along contour pairs in the fragment stage.
+    {"smallFace", sv_smallFace, sf_smallFace},
+    {"smallShrinkFace", sv_smallFace, sf_smallShrinkFace},
+    {"shortFace", sv_smallFace, sf_shortFace},
+    {"smallShortShrink", sv_smallFace, sf_smallShortShrink},
+    {"kejiSmallShortFace", sv_smallFace, sf_kejiSmallShortFace},
+    {"pigFace", sv_smallFace, sf_pigFace},
 };
 
 qz::map<qz::string, cfgShader::Sources>* buildTable() {

@@ -1,0 +1,3 @@
+#include "node/morph/ZuKejiSmallFaceShortMaterial.h"
+
+ZuKejiSmallFaceShortMaterial::ZuKejiSmallFaceShortMaterial(ZuAppMain* app) : ZuSmallFaceWarpMaterial(app, "kejiSmallShortFace") {}

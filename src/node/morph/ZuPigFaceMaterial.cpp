@@ -1,0 +1,3 @@
+#include "node/morph/ZuPigFaceMaterial.h"
+
+ZuPigFaceMaterial::ZuPigFaceMaterial(ZuAppMain* app) : ZuSmallFaceWarpMaterial(app, "pigFace") {}

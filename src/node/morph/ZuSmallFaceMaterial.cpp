@@ -1,0 +1,3 @@
+#include "node/morph/ZuSmallFaceMaterial.h"
+
+ZuSmallFaceMaterial::ZuSmallFaceMaterial(ZuAppMain* app) : ZuSmallFaceWarpMaterial(app, "smallFace") {}

@@ -1,0 +1,3 @@
+#include "node/morph/ZuSmallFaceShortMaterial.h"
+
+ZuSmallFaceShortMaterial::ZuSmallFaceShortMaterial(ZuAppMain* app) : ZuSmallFaceWarpMaterial(app, "shortFace") {}

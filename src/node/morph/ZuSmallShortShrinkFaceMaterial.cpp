@@ -1,0 +1,3 @@
+#include "node/morph/ZuSmallShortShrinkFaceMaterial.h"
+
+ZuSmallShortShrinkFaceMaterial::ZuSmallShortShrinkFaceMaterial(ZuAppMain* app) : ZuSmallFaceWarpMaterial(app, "smallShortShrink") {}

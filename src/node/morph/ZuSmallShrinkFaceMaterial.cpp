@@ -1,0 +1,3 @@
+#include "node/morph/ZuSmallShrinkFaceMaterial.h"
+
+ZuSmallShrinkFaceMaterial::ZuSmallShrinkFaceMaterial(ZuAppMain* app) : ZuSmallFaceWarpMaterial(app, "smallShrinkFace") {}
