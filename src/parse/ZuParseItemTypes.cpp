@@ -8,6 +8,7 @@
 #include "parse/ZuParseParticle.h"
 #include "parse/ZuParseSound.h"
 #include "parse/ZuParseTimeOut.h"
+#include "parse/ZuParseDistortion.h"
 
 void registerBuiltinItemTypes(ZuParseMgr* mgr, const CfgFilter& filter) {
     mgr->registDictionary("timeout", ZuParseTimeOut::parseTimeOut);
@@ -17,4 +18,6 @@ void registerBuiltinItemTypes(ZuParseMgr* mgr, const CfgFilter& filter) {
     mgr->registDictionary("EffectFilter", ZuParseEffectFilter::parseEffectFilter);
     mgr->registDictionary("particle", ZuParseParticle::parseParticle);
     if (CfgFilter::isOn(filter.audio)) mgr->registDictionary("audio", ZuParseSound::parseSound);
+    // Face reshaping: lenses.
+    mgr->registDictionary("distortion", ZuParseDistortion::parseDistortion);
 }

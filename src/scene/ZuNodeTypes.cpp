@@ -33,6 +33,8 @@
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuScene.h"
 #include "scene/ZuTimeOutNode.h"
+#include "node/morph/ZuCircleDistortionNode.h"
+#include "node/morph/ZuEllipseDistortionNode.h"
 
 void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuScene", zuCreateNodeOfType<ZuScene>);
@@ -68,4 +70,7 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuFaceBeautifyExpand01Node", zuCreateNodeOfType<ZuFaceBeautifyExpand01Node>);
     creator->registCreateFunc("ZuBeautyNode", zuCreateNodeOfType<ZuBeautyNode>);
     creator->registCreateFunc("ZuParticleNode", zuCreateNodeOfType<ZuParticleNode>);
+    // Face reshaping: lenses.
+    creator->registCreateFunc("ZuCircleDistortionNode", zuCreateNodeOfType<ZuCircleDistortionNode>);
+    creator->registCreateFunc("ZuEllipseDistortionNode", zuCreateNodeOfType<ZuEllipseDistortionNode>);
 }

@@ -86,3 +86,7 @@ extern const char* const sf_faceBeautifyCurve;
 extern const char* const sv_faceBeautifyEs30;
 extern const char* const sf_faceBeautifyEs30;
 extern const char* const sv_faceBeautyOutline;
+
+// Lenses over one landmark: round and oval.
+extern const char* const sf_filterEnlargeEye;
+extern const char* const sf_filterEnlargeEllipse;

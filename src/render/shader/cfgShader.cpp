@@ -78,6 +78,9 @@ const Row kRows[] = {
     {"faceBuffingWhite_es30", sv_faceBuffingWhiteEs30, sf_faceBuffingWhiteEs30},
     {"faceBuffingWhite_es30High", sv_faceBuffingWhiteEs30, sf_faceBuffingWhiteEs30High},
     {"faceBeautyOutline", sv_faceBeautyOutline, sf_screennor}, // the warp is all in the vertex stage
+    // Lenses: full-screen passes over the picture.
+    {"filterEnlargeEye", sv_screennor, sf_filterEnlargeEye},
+    {"filterEnlargeEllipse", sv_screennor, sf_filterEnlargeEllipse},
 };
 
 qz::map<qz::string, cfgShader::Sources>* buildTable() {
