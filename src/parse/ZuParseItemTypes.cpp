@@ -9,6 +9,8 @@
 #include "parse/ZuParseSound.h"
 #include "parse/ZuParseTimeOut.h"
 #include "parse/ZuParseDistortion.h"
+#include "parse/ZuParseFaceMorph.h"
+#include "parse/ZuParseMorph.h"
 
 void registerBuiltinItemTypes(ZuParseMgr* mgr, const CfgFilter& filter) {
     mgr->registDictionary("timeout", ZuParseTimeOut::parseTimeOut);
@@ -18,6 +20,8 @@ void registerBuiltinItemTypes(ZuParseMgr* mgr, const CfgFilter& filter) {
     mgr->registDictionary("EffectFilter", ZuParseEffectFilter::parseEffectFilter);
     mgr->registDictionary("particle", ZuParseParticle::parseParticle);
     if (CfgFilter::isOn(filter.audio)) mgr->registDictionary("audio", ZuParseSound::parseSound);
-    // Face reshaping: lenses.
+    // Face reshaping: grid morphs, shader warps by number, lenses.
+    mgr->registDictionary("morph", ZuParseMorph::parseMorph);
+    mgr->registDictionary("faceMorph", ZuParseFaceMorph::parseFaceMorph);
     mgr->registDictionary("distortion", ZuParseDistortion::parseDistortion);
 }

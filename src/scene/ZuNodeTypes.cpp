@@ -33,6 +33,15 @@
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuScene.h"
 #include "scene/ZuTimeOutNode.h"
+#include "node/morph/ZuFaceMorphNode.h"
+#include "node/morph/ZuFaceFatNode.h"
+#include "node/morph/ZuFaceSquareNode.h"
+#include "node/morph/ZuFaceBearNode.h"
+#include "node/morph/ZuFaceBearFatNode.h"
+#include "node/morph/ZuFaceBearPointyNode.h"
+#include "node/morph/ZuFaceBearFatPointyNode.h"
+#include "node/morph/ZuFaceBearFattishPointyNode.h"
+#include "node/morph/ZuFaceBearSlimPointyNode.h"
 #include "node/morph/ZuCircleDistortionNode.h"
 #include "node/morph/ZuEllipseDistortionNode.h"
 
@@ -70,7 +79,16 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuFaceBeautifyExpand01Node", zuCreateNodeOfType<ZuFaceBeautifyExpand01Node>);
     creator->registCreateFunc("ZuBeautyNode", zuCreateNodeOfType<ZuBeautyNode>);
     creator->registCreateFunc("ZuParticleNode", zuCreateNodeOfType<ZuParticleNode>);
-    // Face reshaping: lenses.
+    // Face reshaping: grid morphs and lenses.
+    creator->registCreateFunc("ZuFaceMorphNode", zuCreateNodeOfType<ZuFaceMorphNode>);
+    creator->registCreateFunc("ZuFaceFatNode", zuCreateNodeOfType<ZuFaceFatNode>);
+    creator->registCreateFunc("ZuFaceSquareNode", zuCreateNodeOfType<ZuFaceSquareNode>);
+    creator->registCreateFunc("ZuFaceBearNode", zuCreateNodeOfType<ZuFaceBearNode>);
+    creator->registCreateFunc("ZuFaceBearFatNode", zuCreateNodeOfType<ZuFaceBearFatNode>);
+    creator->registCreateFunc("ZuFaceBearPointyNode", zuCreateNodeOfType<ZuFaceBearPointyNode>);
+    creator->registCreateFunc("ZuFaceBearFatPointyNode", zuCreateNodeOfType<ZuFaceBearFatPointyNode>);
+    creator->registCreateFunc("ZuFaceBearFattishPointyNode", zuCreateNodeOfType<ZuFaceBearFattishPointyNode>);
+    creator->registCreateFunc("ZuFaceBearSlimPointyNode", zuCreateNodeOfType<ZuFaceBearSlimPointyNode>);
     creator->registCreateFunc("ZuCircleDistortionNode", zuCreateNodeOfType<ZuCircleDistortionNode>);
     creator->registCreateFunc("ZuEllipseDistortionNode", zuCreateNodeOfType<ZuEllipseDistortionNode>);
 }

@@ -56,6 +56,18 @@ inline double luma(const Bytes& p, int x, int y) {
     return 0.299 * at(p, x, y, 0) + 0.587 * at(p, x, y, 1) + 0.114 * at(p, x, y, 2);
 }
 
+// GL_LINEAR at a texture coordinate of a picture read back from GL.
+inline void sampleLinear(const Bytes& p, double u, double v, double out[3]) {
+    u = std::min(std::max(u, 0.0), 1.0);
+    v = std::min(std::max(v, 0.0), 1.0);
+    double x = u * kSize - 0.5, y = v * kSize - 0.5;
+    int x0 = static_cast<int>(std::floor(x)), y0 = static_cast<int>(std::floor(y));
+    double fx = x - x0, fy = y - y0;
+    for (int c = 0; c < 3; ++c)
+        out[c] = (at(p, x0, y0, c) * (1 - fx) + at(p, x0 + 1, y0, c) * fx) * (1 - fy) +
+                 (at(p, x0, y0 + 1, c) * (1 - fx) + at(p, x0 + 1, y0 + 1, c) * fx) * fy;
+}
+
 class MorphFixture : public EngineTest {
 protected:
     std::vector<std::string> resourceRoots() const override { return {QZ_SOURCE_DIR "/samples/packages/"}; }
@@ -128,7 +140,7 @@ protected:
         ZuPerson* p = person();
         return p ? p->getTracker() : nullptr;
     }
-    // Replaces the camera picture by a smooth grid: cosine bands 16 pixels
+    // Replaces the camera picture by a smooth grid: cosine bands 32 pixels
     // apart in red across and green up, so every point can be told apart
     // and bilinear sampling stays within a level of the exact value.
     void useGridPicture() {
@@ -136,8 +148,8 @@ protected:
             for (int x = 0; x < kSize; ++x) {
                 uint8_t* p = &photo[(static_cast<size_t>(row) * kSize + x) * 4];
                 int y = kSize - 1 - row;  // the camera hands the top row first
-                p[0] = static_cast<uint8_t>(std::lround(128 + 110 * std::cos(2 * M_PI * x / 16.0)));
-                p[1] = static_cast<uint8_t>(std::lround(128 + 110 * std::cos(2 * M_PI * y / 16.0)));
+                p[0] = static_cast<uint8_t>(std::lround(128 + 110 * std::cos(2 * M_PI * x / 32.0)));
+                p[1] = static_cast<uint8_t>(std::lround(128 + 110 * std::cos(2 * M_PI * y / 32.0)));
                 p[2] = static_cast<uint8_t>((x + y) / 4);
                 p[3] = 255;
             }

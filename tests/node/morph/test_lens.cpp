@@ -17,18 +17,6 @@ using namespace morphtest;
 
 namespace {
 
-// GL_LINEAR at a texture coordinate of a picture read back from GL.
-void sampleLinear(const Bytes& p, double u, double v, double out[3]) {
-    u = std::min(std::max(u, 0.0), 1.0);
-    v = std::min(std::max(v, 0.0), 1.0);
-    double x = u * kSize - 0.5, y = v * kSize - 0.5;
-    int x0 = static_cast<int>(std::floor(x)), y0 = static_cast<int>(std::floor(y));
-    double fx = x - x0, fy = y - y0;
-    for (int c = 0; c < 3; ++c)
-        out[c] = (at(p, x0, y0, c) * (1 - fx) + at(p, x0 + 1, y0, c) * fx) * (1 - fy) +
-                 (at(p, x0, y0 + 1, c) * (1 - fx) + at(p, x0 + 1, y0 + 1, c) * fx) * fy;
-}
-
 // A lens as the shader sees it, in camera pixels.
 struct Lens {
     double cx, cy;        // the point pulled towards
