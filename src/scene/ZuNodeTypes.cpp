@@ -42,6 +42,7 @@
 #include "node/morph/ZuFaceBearFatPointyNode.h"
 #include "node/morph/ZuFaceBearFattishPointyNode.h"
 #include "node/morph/ZuFaceBearSlimPointyNode.h"
+#include "node/morph/ZuFaceNewMorphNode.h"
 #include "node/morph/ZuCircleDistortionNode.h"
 #include "node/morph/ZuEllipseDistortionNode.h"
 
@@ -89,6 +90,7 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuFaceBearFatPointyNode", zuCreateNodeOfType<ZuFaceBearFatPointyNode>);
     creator->registCreateFunc("ZuFaceBearFattishPointyNode", zuCreateNodeOfType<ZuFaceBearFattishPointyNode>);
     creator->registCreateFunc("ZuFaceBearSlimPointyNode", zuCreateNodeOfType<ZuFaceBearSlimPointyNode>);
+    creator->registCreateFunc("ZuFaceNewMorphNode", zuCreateNodeOfType<ZuFaceNewMorphNode>);
     creator->registCreateFunc("ZuCircleDistortionNode", zuCreateNodeOfType<ZuCircleDistortionNode>);
     creator->registCreateFunc("ZuEllipseDistortionNode", zuCreateNodeOfType<ZuEllipseDistortionNode>);
 }
