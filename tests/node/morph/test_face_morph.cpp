@@ -295,3 +295,42 @@ TEST_F(FaceMorphTest, MorphItemBuildsTheNamedShape) {
     EXPECT_FLOAT_EQ(level, 0.6f);
     EXPECT_FALSE(small);
 }
+
+// The slim modes are the beauty warp: on the portrait the jaw shows what
+// lay further out, so the face is narrower, and the corners stay.
+TEST_F(FaceMorphTest, SlimItemNarrowsTheJaw) {
+    const Bytes source = picture();
+    ZuParseData* slim = parseItem(R"({"type":"morph","id":"slim","mode":"slim"})");
+    ASSERT_NE(slim, nullptr);
+    slim->generate(kResUID, kScene, nullptr);
+    ASSERT_EQ(slim->getNodes().size(), 1u);
+    scene->addChild(slim->getNodes()[0]);
+    slim->release();
+    frame();
+    frame();
+    const Bytes out = picture();
+    ZuPerson* face = person();
+    int outward = 0, total = 0;
+    // AS contour: 1..8 the image-left jaw, 10..17 the right one.
+    for (int landmark : {4, 5, 6, 7, 11, 12, 13, 14}) {
+        int px = static_cast<int>(std::lround(face->getFaceDataX(landmark)));
+        int py = static_cast<int>(std::lround(face->getFaceDataY(landmark)));
+        int outwardSign = landmark < 9 ? -1 : 1;
+        int bestShift = 0;
+        double best = 1e18;
+        for (int shift = -6; shift <= 6; ++shift) {
+            double d = 0;
+            for (int dy = -3; dy <= 3; ++dy)
+                for (int dx = -3; dx <= 3; ++dx) {
+                    double a = luma(out, px + dx, py + dy) - luma(source, px + dx + shift, py + dy);
+                    d += a * a;
+                }
+            if (d < best) best = d, bestShift = shift;
+        }
+        outward += bestShift * outwardSign > 0;
+        ++total;
+    }
+    std::cout << "slim: " << outward << " of " << total << " jaw points show content from further out\n";
+    EXPECT_GE(outward, total * 3 / 4);
+    EXPECT_TRUE(cornersEqual(out, source));
+}
