@@ -21,8 +21,8 @@ ZuParseData* ZuParseDistortion::parseDistortion(ZuAppMain* app, const rapidjson:
     ok = ZuItemText::number(value, "radius_y", directory, radiusY, true) && ok;
     ZuItemText::number(value, "disappearAngle", directory, angle);
     // "index" counts tenths of a landmark: 130 is landmark 13, 9 landmark 0.
-    int landmark = static_cast<int>(static_cast<int>(index) * 0.1);
-    if (ok && (landmark < 0 || landmark > 40)) {
+    int landmark = index >= 0.0f && index < 410.0f ? static_cast<int>(static_cast<int>(index) * 0.1) : -1;
+    if (ok && landmark < 0) {
         QZLOGW("package %s, item '%s': \"index\" %g names no standard landmark (0..400); no lens",
                directory ? directory : "", ZuItemText::idOf(value), index);
         ok = false;
@@ -37,7 +37,7 @@ ZuParseData* ZuParseDistortion::parseDistortion(ZuAppMain* app, const rapidjson:
     data->intensity = intensity;
     data->radiusX = radiusX;
     data->radiusY = radiusY;
-    data->disappearAngle = static_cast<int>(angle);
+    data->disappearAngle = static_cast<int>(std::fmax(-3600.0f, std::fmin(angle, 3600.0f)));
     return data;
 }
 

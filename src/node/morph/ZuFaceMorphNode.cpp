@@ -237,7 +237,8 @@ bool ZuFaceMorphNode::getFaceContourData(ZuPerson* person, int width, int height
         int landmark = i < kContourPoints ? kContourPoints - i : kCentreLandmark;
         float x = 2.0f * person->getFaceDataX(landmark) / width - 1.0f;
         float y = 2.0f * person->getFaceDataY(landmark) / height - 1.0f;
-        if (!std::isfinite(x) || !std::isfinite(y)) return false;
+        // A point far off the picture is no face this grid can bend.
+        if (!(std::fabs(x) < 8.0f && std::fabs(y) < 8.0f)) return false;
         contour[i * 2] = x;
         contour[i * 2 + 1] = y;
     }
