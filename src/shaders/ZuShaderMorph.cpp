@@ -9,6 +9,8 @@
 // P is the fragment in camera pixels; inside the lens the picture is read
 // nearer the centre by a smoothstep of the distance, so the weight is 0 on
 // the rim (no seam) and 1 at the centre. A lens of no size changes nothing.
+// Outside the rim the weight is 0 and the one fetch reads the fragment's
+// own texel: no branch, so a software rasteriser fetches once, not twice.
 const char* const sf_filterEnlargeEye = QZ_FRAGMENT_PRECISION R"(
 uniform sampler2D aTexture0;
 uniform vec2 samplerSteps;
@@ -20,13 +22,9 @@ void main() {
     vec2 p = vTexcoord / samplerSteps;
     vec2 d = centralPos - p;
     float l = radius > 0.0 ? length(d) / radius : 2.0;
-    if (l > 1.0) {
-        gl_FragColor = texture2D(aTexture0, vTexcoord);
-    } else {
-        float o = 1.0 - l;
-        o = o * o * (3.0 - 2.0 * o);
-        gl_FragColor = texture2D(aTexture0, clamp(vTexcoord + intensity * d * samplerSteps * o, 0.0, 1.0));
-    }
+    float o = clamp(1.0 - l, 0.0, 1.0);
+    o = o * o * (3.0 - 2.0 * o);
+    gl_FragColor = texture2D(aTexture0, clamp(vTexcoord + intensity * d * samplerSteps * o, 0.0, 1.0));
 }
 )";
 
@@ -45,12 +43,8 @@ void main() {
     vec2 p = vTexcoord / samplerSteps;
     vec2 d = PointPos - p;
     float l = radius > 0.0 ? (length(PointPosL - p) + length(PointPosR - p)) / (2.0 * radius) : 2.0;
-    if (l > 1.0) {
-        gl_FragColor = texture2D(aTexture0, vTexcoord);
-    } else {
-        float o = 1.0 - l;
-        o = o * o * (3.0 - 2.0 * o);
-        gl_FragColor = texture2D(aTexture0, clamp(vTexcoord + intensity * d * samplerSteps * o, 0.0, 1.0));
-    }
+    float o = clamp(1.0 - l, 0.0, 1.0);
+    o = o * o * (3.0 - 2.0 * o);
+    gl_FragColor = texture2D(aTexture0, clamp(vTexcoord + intensity * d * samplerSteps * o, 0.0, 1.0));
 }
 )";
