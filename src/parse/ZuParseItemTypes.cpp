@@ -11,6 +11,9 @@
 #include "parse/ZuParseSwapFace.h"
 #include "parse/ZuParseTimeOut.h"
 #include "parse/ZuParseAlphaMatting.h"
+#include "parse/ZuParseDistortion.h"
+#include "parse/ZuParseFaceMorph.h"
+#include "parse/ZuParseMorph.h"
 
 void registerBuiltinItemTypes(ZuParseMgr* mgr, const CfgFilter& filter) {
     mgr->registDictionary("timeout", ZuParseTimeOut::parseTimeOut);
@@ -24,4 +27,8 @@ void registerBuiltinItemTypes(ZuParseMgr* mgr, const CfgFilter& filter) {
     // Face masks, swaps and real-face overlays.
     mgr->registDictionary("mask", ZuParseMask::parseMask);
     mgr->registDictionary("swapface", ZuParseSwapFace::parseSwapFace);
+    // Face reshaping: grid morphs, shader warps by number, lenses.
+    mgr->registDictionary("morph", ZuParseMorph::parseMorph);
+    mgr->registDictionary("faceMorph", ZuParseFaceMorph::parseFaceMorph);
+    mgr->registDictionary("distortion", ZuParseDistortion::parseDistortion);
 }

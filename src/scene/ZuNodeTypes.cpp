@@ -60,6 +60,18 @@
 #include "scene/ZuDesignPlane.h"
 #include "scene/ZuDrawBoundingBoxNode.h"
 #include "scene/ZuSkyDomeNode.h"
+#include "node/morph/ZuFaceMorphNode.h"
+#include "node/morph/ZuFaceFatNode.h"
+#include "node/morph/ZuFaceSquareNode.h"
+#include "node/morph/ZuFaceBearNode.h"
+#include "node/morph/ZuFaceBearFatNode.h"
+#include "node/morph/ZuFaceBearPointyNode.h"
+#include "node/morph/ZuFaceBearFatPointyNode.h"
+#include "node/morph/ZuFaceBearFattishPointyNode.h"
+#include "node/morph/ZuFaceBearSlimPointyNode.h"
+#include "node/morph/ZuFaceNewMorphNode.h"
+#include "node/morph/ZuCircleDistortionNode.h"
+#include "node/morph/ZuEllipseDistortionNode.h"
 
 void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuScene", zuCreateNodeOfType<ZuScene>);
@@ -124,4 +136,17 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuPigFaceNode", zuCreateNodeOfType<ZuPigFaceNode>);
     creator->registCreateFunc("ZuSmallShrinkFaceNode", zuCreateNodeOfType<ZuSmallShrinkFaceNode>);
     creator->registCreateFunc("ZuSmallShortShrinkNode", zuCreateNodeOfType<ZuSmallShortShrinkNode>);
+    // Face reshaping: grid morphs and lenses.
+    creator->registCreateFunc("ZuFaceMorphNode", zuCreateNodeOfType<ZuFaceMorphNode>);
+    creator->registCreateFunc("ZuFaceFatNode", zuCreateNodeOfType<ZuFaceFatNode>);
+    creator->registCreateFunc("ZuFaceSquareNode", zuCreateNodeOfType<ZuFaceSquareNode>);
+    creator->registCreateFunc("ZuFaceBearNode", zuCreateNodeOfType<ZuFaceBearNode>);
+    creator->registCreateFunc("ZuFaceBearFatNode", zuCreateNodeOfType<ZuFaceBearFatNode>);
+    creator->registCreateFunc("ZuFaceBearPointyNode", zuCreateNodeOfType<ZuFaceBearPointyNode>);
+    creator->registCreateFunc("ZuFaceBearFatPointyNode", zuCreateNodeOfType<ZuFaceBearFatPointyNode>);
+    creator->registCreateFunc("ZuFaceBearFattishPointyNode", zuCreateNodeOfType<ZuFaceBearFattishPointyNode>);
+    creator->registCreateFunc("ZuFaceBearSlimPointyNode", zuCreateNodeOfType<ZuFaceBearSlimPointyNode>);
+    creator->registCreateFunc("ZuFaceNewMorphNode", zuCreateNodeOfType<ZuFaceNewMorphNode>);
+    creator->registCreateFunc("ZuCircleDistortionNode", zuCreateNodeOfType<ZuCircleDistortionNode>);
+    creator->registCreateFunc("ZuEllipseDistortionNode", zuCreateNodeOfType<ZuEllipseDistortionNode>);
 }

@@ -114,3 +114,6 @@ extern const char* const sf_shortFace;
 extern const char* const sf_smallShortShrink;
 extern const char* const sf_kejiSmallShortFace;
 extern const char* const sf_pigFace;
+// Lenses over one landmark: round and oval.
+extern const char* const sf_filterEnlargeEye;
+extern const char* const sf_filterEnlargeEllipse;

@@ -98,6 +98,9 @@ const Row kRows[] = {
     {"smallShortShrink", sv_smallFace, sf_smallShortShrink},
     {"kejiSmallShortFace", sv_smallFace, sf_kejiSmallShortFace},
     {"pigFace", sv_smallFace, sf_pigFace},
+    // Lenses: full-screen passes over the picture.
+    {"filterEnlargeEye", sv_screennor, sf_filterEnlargeEye},
+    {"filterEnlargeEllipse", sv_screennor, sf_filterEnlargeEllipse},
 };
 
 qz::map<qz::string, cfgShader::Sources>* buildTable() {
