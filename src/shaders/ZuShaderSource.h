@@ -86,3 +86,11 @@ extern const char* const sf_faceBeautifyCurve;
 extern const char* const sv_faceBeautifyEs30;
 extern const char* const sf_faceBeautifyEs30;
 extern const char* const sv_faceBeautyOutline;
+
+// Skeletal stickers: page texture times vertex colour, with a screen mask;
+// head pictures on bones, masked and framed.
+extern const char* const sv_animateSpine;
+extern const char* const sf_animateSpine;
+extern const char* const sf_spineMask;
+extern const char* const sv_texHead;
+extern const char* const sf_texHead;

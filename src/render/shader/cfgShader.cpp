@@ -78,6 +78,10 @@ const Row kRows[] = {
     {"faceBuffingWhite_es30", sv_faceBuffingWhiteEs30, sf_faceBuffingWhiteEs30},
     {"faceBuffingWhite_es30High", sv_faceBuffingWhiteEs30, sf_faceBuffingWhiteEs30High},
     {"faceBeautyOutline", sv_faceBeautyOutline, sf_screennor}, // the warp is all in the vertex stage
+    // Skeletal stickers and head pictures.
+    {"animateSpine", sv_animateSpine, sf_animateSpine},
+    {"spineMask", sv_animateSpine, sf_spineMask},
+    {"texHead", sv_texHead, sf_texHead},
 };
 
 qz::map<qz::string, cfgShader::Sources>* buildTable() {
