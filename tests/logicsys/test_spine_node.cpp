@@ -499,3 +499,53 @@ TEST_F(SpineNodeTest, AProgressBarFollowsItsValueNotTheClock) {
     bar->setProgress(150.0f);  // beyond the maximum: ignored
     EXPECT_FLOAT_EQ(bar->getProgress(), 100.0f);
 }
+
+namespace {
+// A face record with a mouth 40 pixels wide, its lips apart by gap.
+std::vector<uint8_t> mouthRecord(float gap) {
+    return fpRecord({{74, {44, 60}}, {77, {84, 60}}, {84, {44, 96}}, {90, {84, 96}}, {93, {64, 100 + gap}},
+                     {87, {64, 92}}, {98, {64, 94}}, {102, {64, 94 + gap}}});
+}
+} // namespace
+
+TEST_F(SpineNodeTest, TheSamplePackageStartsOnAnOpenMouthInThatFrameAndStopsWhenItShuts) {
+    ZuAniSpineNode* node = load(std::string(QZ_SOURCE_DIR) + "/samples/packages/sticker_spine_mouth", "puff", 1);
+    ASSERT_NE(node, nullptr);
+    EXPECT_EQ(node->getBatchCount(), 2u);  // hearts and bubbles lie on two pages
+    ZuAppNative* host = app->getAppInter();
+    auto lit = [&]() {
+        const std::vector<uint8_t> pixels = scenePixels();
+        int n = 0;
+        for (size_t i = 0; i < pixels.size(); i += 4) n += pixels[i] + pixels[i + 1] + pixels[i + 2] > 0;
+        return n;
+    };
+    // Shut, then open: the frame that starts the sticker draws it.
+    auto run = [&](float gap, int wantState) {
+        const std::vector<uint8_t> record = mouthRecord(gap);
+        for (int i = 0; i < 60; ++i) {
+            host->setDetectData("s", record.data(), static_cast<int>(record.size()));
+            frame();
+            usleep(5000);  // expressions are judged over time, not per frame
+            const bool drawn = lit() > 0;
+            if (node->getPlayState() == wantState) return std::make_pair(i, drawn);
+            EXPECT_EQ(drawn, wantState != ZuAniSpineNode::STATE_PLAYING) << "frame " << i;
+        }
+        return std::make_pair(-1, false);
+    };
+    EXPECT_FALSE(node->isVisible());
+    std::pair<int, bool> opened = run(32.0f, ZuAniSpineNode::STATE_PLAYING);
+    ASSERT_GE(opened.first, 0);
+    EXPECT_TRUE(opened.second);
+    // Playing on, over about half a second: the pieces leave the lip and grow.
+    const int first = lit();
+    const std::vector<uint8_t> open = mouthRecord(32.0f);
+    for (int i = 0; i < 12; ++i) {
+        host->setDetectData("s", open.data(), static_cast<int>(open.size()));
+        frame();
+        usleep(40000);
+    }
+    EXPECT_GT(lit(), 4 * first);
+    std::pair<int, bool> shut = run(0.0f, ZuAniSpineNode::STATE_STOPPED);
+    ASSERT_GE(shut.first, 0);
+    EXPECT_FALSE(shut.second);
+}
