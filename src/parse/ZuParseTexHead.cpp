@@ -84,6 +84,7 @@ void ZuParseTexHead::generate(int newResUID, const char* sceneName, char* path) 
         // Entries behind a skeleton that is not there are not looked at.
         if (found.size() == 0) return;
         const qz::string textureName = entry.spineName + entry.boneName;
+        ZuTexture* handedIn = nullptr;
         for (uint32_t n = 0; n < found.size(); ++n) {
             ZuAniSpineNode* spineNode = found[n];
             // Only a picture the host handed in: never created here.
@@ -109,6 +110,10 @@ void ZuParseTexHead::generate(int newResUID, const char* sceneName, char* path) 
             node->setLinkSpine(spineNode);
             node->setLinkBoneName(entry.boneName.c_str());
             spineNode->addChild(node);
+            handedIn = head;
         }
+        // The host's picture was kept alive for its stickers; now that they
+        // hold it, the keeping reference goes (once, however many took it).
+        if (handedIn) handedIn->release();
     }
 }

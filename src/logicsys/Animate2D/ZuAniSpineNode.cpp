@@ -474,15 +474,26 @@ void ZuAniSpineNode::render() {
 
 // ---------------------------------------------------------------- bones
 
+// Skeleton space to scene pixels through this node and its parents (moved
+// and scaled, as the screen placement does; nodes here are not turned).
+void ZuAniSpineNode::toScene(float& x, float& y, float* scaleX, float* scaleY) const {
+    float sx = 1.0f, sy = 1.0f;
+    for (const ZuNode* node = this; node; node = node->getParent()) {
+        x = node->getPositionX() + node->getScale().x * x;
+        y = node->getPositionY() + node->getScale().y * y;
+        sx *= node->getScale().x;
+        sy *= node->getScale().y;
+    }
+    if (scaleX) *scaleX = sx;
+    if (scaleY) *scaleY = sy;
+}
+
 bool ZuAniSpineNode::getHeadNodePosition(float& x, float& y, const char* boneName) const {
     spBone* bone = getHeadBone(boneName);
     if (!bone) return false;
     x = bone->worldX;
     y = bone->worldY;
-    for (const ZuNode* node = this; node; node = node->getParent()) {
-        x += node->getPositionX();
-        y += node->getPositionY();
-    }
+    toScene(x, y, nullptr, nullptr);
     return true;
 }
 
@@ -494,15 +505,21 @@ float ZuAniSpineNode::getSlotAlpha(const char* slotName) const {
 void ZuAniSpineNode::setHeadNodeScale(const char* boneName, float& sx, float& sy) const {
     spBone* bone = getHeadBone(boneName);
     if (!bone) return;
-    sx *= spBone_getWorldScaleX(bone);
-    sy *= spBone_getWorldScaleY(bone);
+    float x = 0.0f, y = 0.0f, nodeX = 1.0f, nodeY = 1.0f;
+    toScene(x, y, &nodeX, &nodeY);
+    sx *= std::fabs(spBone_getWorldScaleX(bone) * nodeX);
+    sy *= std::fabs(spBone_getWorldScaleY(bone) * nodeY);
 }
 
 void ZuAniSpineNode::setHeadNodeRotatedPosition(const char* boneName, float cx, float cy, float& x, float& y) const {
     spBone* bone = getHeadBone(boneName);
     if (!bone) return;
-    const float radians = spBone_getWorldRotationX(bone) * 3.14159265f / 180.0f;
-    const float c = std::cos(radians), s = std::sin(radians);
+    float px = 0.0f, py = 0.0f, nodeX = 1.0f, nodeY = 1.0f;
+    toScene(px, py, &nodeX, &nodeY);
+    // A mirrored node shows every turn the other way round.
+    const float flip = (nodeX < 0.0f) != (nodeY < 0.0f) ? -1.0f : 1.0f;
+    const float turn = flip * spBone_getWorldRotationX(bone) * 3.14159265f / 180.0f;
+    const float c = std::cos(turn), s = std::sin(turn);
     const float dx = x - cx, dy = y - cy;
     x = cx + dx * c - dy * s;
     y = cy + dx * s + dy * c;

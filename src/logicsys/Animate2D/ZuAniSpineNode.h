@@ -119,6 +119,7 @@ private:
     };
 
     ZuPerson* findPerson() const;
+    void toScene(float& x, float& y, float* scaleX, float* scaleY) const;
     MeshData* batchFor(ZuTexture* texture) const;
     void clearSpine();
     void clearBatches();

@@ -21,6 +21,7 @@ public:
     // Retains the new texture, releases the old one.
     void setMaskTexture(ZuTexture* texture);
     ZuTexture* getMaskTexture() const { return maskTexture; }
+    ZuMaterial* getMaterial() const { return material; }
 
 private:
     ZuTexture* maskTexture = nullptr;
