@@ -28,6 +28,9 @@ public:
     // Loads each package (resUID 250, 251..., slot 0, 1...), by loadEffect
     // or through the effect queue.
     void loadEffects(const std::vector<std::string>& packages, bool queued);
+    // Head pictures for the first package, "SKELETON,BONE,FILE.png" each;
+    // call before loadEffects. False after printing why.
+    bool setHeads(const std::vector<std::string>& heads);
 
     // Ticks until every package (or, queued, the first) has its parse
     // outcome, so the first written frame already shows them; gives up after
@@ -61,6 +64,13 @@ public:
     void stop();
 
 private:
+    // A decoded head picture; the engine reads the pixels in a later frame.
+    struct Head {
+        std::string skeleton, bone;
+        std::vector<uint8_t> rgba;
+        int width = 0, height = 0;
+    };
+    std::vector<Head> m_heads;
     bool m_es3 = false;
     ZuAppMain* m_app = nullptr;
     PackageWatcher* m_watcher = nullptr;

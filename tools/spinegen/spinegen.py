@@ -337,15 +337,15 @@ def mouth_sticker(folder):
         name = "piece%d" % k
         bones.append({"name": name, "parent": "root"})
         slots.append({"name": name, "bone": name, "attachment": region})
-        skin[name] = {region: {"width": 80, "height": 84 if region.startswith("heart") else 80}}
+        skin[name] = {region: {"width": 200, "height": 210 if region.startswith("heart") else 200}}
         dx, dy = math.cos(math.radians(angle)), math.sin(math.radians(angle))
         delay = 0.1 * (k % 3)
-        reach = 150 + 30 * (k % 2)
+        reach = 330 + 60 * (k % 2)
         anim_bones[name] = {
             "translate": [{"time": 0, "x": 0, "y": 0}, {"time": delay, "x": 0, "y": 0},
                           {"time": 1.2, "x": round(dx * reach, 2), "y": round(dy * reach, 2)}],
-            "scale": [{"time": 0, "x": 0.2, "y": 0.2}, {"time": delay, "x": 0.2, "y": 0.2},
-                      {"time": 0.8, "x": 1.1, "y": 1.1}, {"time": 1.2, "x": 1.2, "y": 1.2}],
+            "scale": [{"time": 0, "x": 0.3, "y": 0.3}, {"time": delay, "x": 0.3, "y": 0.3},
+                      {"time": 0.8, "x": 1.0, "y": 1.0}, {"time": 1.2, "x": 1.1, "y": 1.1}],
             "rotate": [{"time": 0, "angle": 0}, {"time": 1.2, "angle": 40 if k % 2 else -40}],
         }
         anim_slots[name] = {"color": [{"time": 0, "color": "ffffffff"}, {"time": 0.9, "color": "ffffffff"},
@@ -428,7 +428,7 @@ def score_bar(folder):
                {"name": "fill", "x": 2, "y": 34, "w": 200, "h": 26},
                {"name": "star", "x": 208, "y": 10, "w": 44, "h": 44}]
     write(os.path.join(folder, "score_bar.atlas"), atlas_text("score_bar.png", (256, 64), regions))
-    bones = [{"name": "root"}, {"name": "fill", "parent": "root", "x": -200},
+    bones = [{"name": "root", "y": 1150}, {"name": "fill", "parent": "root", "x": -200},
              {"name": "tip", "parent": "root", "x": -200}]
     slots = [{"name": "track", "bone": "root", "attachment": "track"},
              {"name": "fill", "bone": "fill", "attachment": "fill"},
@@ -444,8 +444,14 @@ def score_bar(folder):
                 "rotate": [{"time": 0, "angle": 0}, {"time": 2, "angle": -360}]}}}
     skeleton = {"skeleton": {"hash": "scorebar-0001", "spine": "1.0", "width": 500, "height": 100},
                 "bones": bones, "slots": slots, "skins": {"default": skin},
-                "animations": {"spine_ani": clip}}
+                "animations": {"spine_ani": clip, "animation": clip}}
     write(os.path.join(folder, "score_bar.json"), json.dumps(skeleton, indent=1) + "\n")
+    # As a package the bar fills by the clock (its default clip); a game
+    # scrubs "spine_ani" with a progress node instead.
+    config = {"version": 1, "param": [{
+        "id": "score", "type": "anim", "subType": "screen", "loop": "1",
+        "syncPosBoneName": ["tip"], "spine": {"spine_name": "score_bar"}}]}
+    write(os.path.join(folder, "config.json"), json.dumps(config, indent=2) + "\n")
     # Digits for the score: 0123456789:.+-x% in equal cells of one strip.
     glyphs = gsf.Canvas(16 * 32, 48)
     write_digit_strip(gsf, glyphs)

@@ -518,7 +518,9 @@ void ZuAniSpineNode::setHeadNodeRotatedPosition(const char* boneName, float cx, 
     toScene(px, py, &nodeX, &nodeY);
     // A mirrored node shows every turn the other way round.
     const float flip = (nodeX < 0.0f) != (nodeY < 0.0f) ? -1.0f : 1.0f;
-    const float turn = flip * spBone_getWorldRotationX(bone) * 3.14159265f / 180.0f;
+    // The bone's own turn, so that a picture on a bone that points up along
+    // its parent stands upright and sways with the bone's key frames.
+    const float turn = flip * bone->rotation * 3.14159265f / 180.0f;
     const float c = std::cos(turn), s = std::sin(turn);
     const float dx = x - cx, dy = y - cy;
     x = cx + dx * c - dy * s;

@@ -4,6 +4,8 @@
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
+#include "basesys/ZuGlobalParam.h"
+#include "render/ZuRenderCamera.h"
 #include "event/ZuAnimateEvent.h"
 #include "logicsys/Animate2D/ZuAniSpineNode.h"
 #include "node/mask/ZuTexHeadMaterial.h"
@@ -83,17 +85,30 @@ bool ZuHeadNode::isReady() {
 void ZuHeadNode::update(float delta) {
     ZuNode::update(delta);
     if (!material || !mesh) return;
+    material->setTexture0(headTexture);
+    material->setTexture1(maskTexture);
+    material->setTexture2(frameTexture);
+    // The picture is placed in the pixels of the camera the scene draws
+    // with, as its sticker is; the configured size stands in without one.
+    ZuGlobalParam* param = app ? app->getGlobalParam() : nullptr;
+    const bool cameraPixels = param && param->activeCamera && param->activeCamera->getWidth() > 0 &&
+                              param->activeCamera->getHeight() > 0;
+    if (cameraPixels) {
+        sceneWidth = param->activeCamera->getWidth();
+        sceneHeight = param->activeCamera->getHeight();
+    }
     if (xOffset == -1.0f) {
+        // Those pixels are the sticker's too: no offset. With the configured
+        // size, the camera picture is centred in it.
         ZuConfig* config = configOf(app);
         Camera* camera = config ? config->getCamera(m_sceneName.c_str()) : nullptr;
-        if (camera) {
+        if (cameraPixels) {
+            xOffset = 0.0f;
+        } else if (camera) {
             const bool upright = camera->angle != 90 && camera->angle != 270;
             xOffset = (sceneWidth - static_cast<float>(upright ? camera->width : camera->height)) * 0.5f;
         }
     }
-    material->setTexture0(headTexture);
-    material->setTexture1(maskTexture);
-    material->setTexture2(frameTexture);
     float x = 0.0f, y = 0.0f;
     const char* bone = linkBone.c_str();
     show = linkSpine && linkSpine->getHeadNodePosition(x, y, bone) && linkSpine->isVisible();
