@@ -13,6 +13,7 @@
 #include "event/ZuAnimateEvent.h"
 #include "event/ZuAnimateSyncPositionEvent.h"
 #include "event/ZuEventMgr.h"
+#include "event/ZuPickEvent.h"
 #include "event/ZuReactEvent.h"
 #include "event/ZuResetTimeStateEvent.h"
 #include "logicsys/Animate2D/ZuAniSpineNode.h"
@@ -27,7 +28,9 @@
 #include "person/ZuPerson.h"
 #include "person/ZuPersonSys.h"
 #include "person/ZuPersonTracker.h"
+#include "render/command/RENDERSTREAMTYPE.h"
 #include "render/fbo/ZuFboObject.h"
+#include "render/object/ZuPickColorRenderObject.h"
 #include "render/texture/ZuPngWriter.h"
 #include "scene/ZuAdaptObj.h"
 #include "scene/ZuNodeCreator.h"
@@ -548,4 +551,48 @@ TEST_F(SpineNodeTest, TheSamplePackageStartsOnAnOpenMouthInThatFrameAndStopsWhen
     std::pair<int, bool> shut = run(0.0f, ZuAniSpineNode::STATE_STOPPED);
     ASSERT_GE(shut.first, 0);
     EXPECT_FALSE(shut.second);
+}
+
+namespace {
+class PickLog : public ZuEventProc {
+public:
+    explicit PickLog(ZuAppMain* app) : ZuEventProc(app) {}
+    bool procEvent(ZuEvent* event) override {
+        if (event && event->type == ZU_EVENT_PICK) uids.push_back(static_cast<ZuPickEvent*>(event)->pickedUid);
+        return true;
+    }
+    std::vector<int> uids;
+};
+} // namespace
+
+TEST_F(SpineNodeTest, ASelectableStickerIsPickedByItsVisibleTexelsOnly) {
+    dir.write("pkg/box.json", boxSkeleton(200, 200));
+    dir.write("pkg/config.json", R"({"param": [{"id": "tap", "type": "anim", "subType": "screen", "loop": "1",
+        "reactState": "1", "spine": {"spine_name": "box"}}]})");
+    ZuAniSpineNode* node = load("pkg", "tap", 0);
+    ASSERT_NE(node, nullptr);
+    ASSERT_TRUE(node->getCanSelect());
+    PickLog* picks = new PickLog(app);
+    app->getGlobalMgr()->getEventMgr()->registProcer(picks);
+    ZuPickColorRenderObject* reader = new ZuPickColorRenderObject(app);
+    // The box's middle on screen, and a point well outside it.
+    const int mx = static_cast<int>(node->getPositionX() + node->getScale().x * 50);
+    const int my = static_cast<int>(node->getPositionY() + node->getScale().y * 0);
+    for (auto point : {std::make_pair(mx, my + 2), std::make_pair(kSize - 3, kSize - 3)}) {
+        app->update();
+        reader->setPoint(point.first, point.second);
+        reader->pushCmd(scene->getRenderScene(), RS_SELECT_READ, "pick");
+        app->directrender("");
+    }
+    frame();
+    frame();
+    reader->release();
+    app->getGlobalMgr()->getEventMgr()->unregistProcer(picks);
+    // Without a pick target of its own the pass draws where the frame's
+    // reads look: the box's middle reads the sticker's id, the far corner
+    // reads something else.
+    ASSERT_GE(picks->uids.size(), 1u);
+    EXPECT_EQ(picks->uids[0], node->getuid());
+    for (size_t i = 1; i < picks->uids.size(); ++i) EXPECT_NE(picks->uids[i], node->getuid());
+    picks->release();
 }
