@@ -3,8 +3,6 @@
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
-#include "event/ZuEvent.h"
-#include "event/ZuReactEvent.h"
 #include "logicsys/Animate2D/ZuAniSpineNode.h"
 #include "logicsys/Animate2D/ZuSpine.h"
 #include "parse/ZuParse.h"

@@ -336,6 +336,26 @@ TEST_F(SpineNodeTest, EveryAtlasPageDrawsWithItsOwnTexture) {
     EXPECT_EQ(node->getCurrentActName(), "animation");
 }
 
+TEST_F(SpineNodeTest, AMaskTextureCutsTheStickerWhereItIsClear) {
+    dir.write("pkg/box.json", boxSkeleton(600, 600));
+    // Clear on the left half of the screen, opaque on the right.
+    std::vector<uint8_t> half;
+    for (int y = 0; y < 8; ++y)
+        for (int x = 0; x < 8; ++x) half.insert(half.end(), {255, 255, 255, static_cast<uint8_t>(x < 4 ? 0 : 255)});
+    ZuPngWriter writer(app);
+    ASSERT_EQ(writer.write((dir.path() + "pkg/half.png").c_str(), 8, 8, half.data()), 1);
+    dir.write("pkg/config.json", R"({"param": [{"id": "cut", "type": "anim", "subType": "screen", "loop": "1",
+        "texMask": "half", "spine": {"spine_name": "box"}}]})");
+    ZuAniSpineNode* node = load("pkg", "cut", 0);
+    ASSERT_NE(node, nullptr);
+    frame();
+    const Blob red = blob(scenePixels(), 0);
+    ASSERT_GT(red.n, 0);
+    // The box spans the middle of the screen; only its right part is left.
+    EXPECT_GE(red.x0, kSize / 2 - 1);
+    EXPECT_LT(node->getPositionX() + node->getScale().x * 300, kSize / 2.0f - 8);
+}
+
 TEST_F(SpineNodeTest, PlayCompleteStopAndSwitchSendTheirEventsFrameByFrame) {
     dir.write("pkg/box.json", boxSkeleton(20, 20));
     dir.write("pkg/config.json", R"({"param": [{"id": "ev", "type": "anim", "subType": "screen", "loop": "1",
@@ -501,6 +521,10 @@ TEST_F(SpineNodeTest, AProgressBarFollowsItsValueNotTheClock) {
     }
     bar->setProgress(150.0f);  // beyond the maximum: ignored
     EXPECT_FLOAT_EQ(bar->getProgress(), 100.0f);
+    LogCapture capture;
+    spine->setAnimationStateData(nullptr);
+    EXPECT_EQ(capture.count("stateData cannot be null.", ZU_LOG_WARN), 1);
+    EXPECT_TRUE(bar->play("spine_ani", false));  // the old state is kept
 }
 
 namespace {

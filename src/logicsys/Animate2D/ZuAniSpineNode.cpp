@@ -113,27 +113,25 @@ void ZuAniSpineNode::setSpine(ZuSpine* value) {
     for (spAtlasPage* page = atlas ? atlas->pages : nullptr; page; page = page->next) {
         ZuTexture* texture = static_cast<ZuTexture*>(page->rendererObject);
         if (!texture || batchFor(texture)) continue;
-        {
-            MeshData* batch = new MeshData();
-            batch->texture = texture;
-            batch->mesh = new ZuRenderMesh();
-            batch->mesh->setVertexType(VF_POS2 | VF_COLOR0 | VF_TEX0);
-            batch->mesh->setVertexPoolType(GL_STREAM_DRAW);
-            batch->mesh->setIndexPoolType(GL_STREAM_DRAW);
-            batch->mesh->setVisible(false);
-            batch->material = new ZuMaterial(app, maskTexture ? "spineMask" : "animateSpine");
-            batch->material->setBlend(true, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
-            batch->material->setDepthTest(false);
-            // The screen placement mirrors by a negative scale: both windings draw.
-            batch->material->setCull(false, GL_CCW, GL_BACK);
-            batch->select = new ZuMaterialColorSelect2dSpine(app);
-            batch->select->init();
-            batch->select->setDepthTest(false);
-            batch->select->setCull(false, GL_CCW, GL_BACK);
-            batches.push_back(batch);
-            if (drawObject) drawObject->addRenderObj(batch->mesh, batch->material);
-            if (selectObject) selectObject->addRenderObj(batch->mesh, batch->select);
-        }
+        MeshData* batch = new MeshData();
+        batch->texture = texture;
+        batch->mesh = new ZuRenderMesh();
+        batch->mesh->setVertexType(VF_POS2 | VF_COLOR0 | VF_TEX0);
+        batch->mesh->setVertexPoolType(GL_STREAM_DRAW);
+        batch->mesh->setIndexPoolType(GL_STREAM_DRAW);
+        batch->mesh->setVisible(false);
+        batch->material = new ZuMaterial(app, maskTexture ? "spineMask" : "animateSpine");
+        batch->material->setBlend(true, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
+        batch->material->setDepthTest(false);
+        // The screen placement mirrors by a negative scale: both windings draw.
+        batch->material->setCull(false, GL_CCW, GL_BACK);
+        batch->select = new ZuMaterialColorSelect2dSpine(app);
+        batch->select->init();
+        batch->select->setDepthTest(false);
+        batch->select->setCull(false, GL_CCW, GL_BACK);
+        batches.push_back(batch);
+        if (drawObject) drawObject->addRenderObj(batch->mesh, batch->material);
+        if (selectObject) selectObject->addRenderObj(batch->mesh, batch->select);
     }
     spine->setListener(this);
     _adapt();
