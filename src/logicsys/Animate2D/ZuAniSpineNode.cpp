@@ -208,7 +208,8 @@ bool ZuAniSpineNode::isReady() {
         ZuTexture* texture = static_cast<ZuTexture*>(page->rendererObject);
         if (!texture || !(texture->getbLoad() || texture->getid() > 0)) return false;
     }
-    return true;
+    // A mask still loading would keep every batch from drawing.
+    return !maskTexture || maskTexture->getbLoad() || maskTexture->getid() > 0;
 }
 
 // ---------------------------------------------------------------- playing
