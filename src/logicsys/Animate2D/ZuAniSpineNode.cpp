@@ -236,7 +236,9 @@ void ZuAniSpineNode::pause() {
 }
 
 void ZuAniSpineNode::stop() {
-    if (state == STATE_STOPPED) return;
+    // A looping sticker between a finished turn and the next one reads
+    // stopped, yet is still on: that one stops too.
+    if (state == STATE_STOPPED && isStop) return;
     setVisible(false);
     state = STATE_STOPPED;
     isStop = true;
@@ -265,6 +267,7 @@ void ZuAniSpineNode::complete() {
     }
     if (spine) spine->clearTrack(0);
     setVisible(false);
+    isStop = true;
 }
 
 void ZuAniSpineNode::onSpineEnd(int) {
@@ -278,7 +281,7 @@ void ZuAniSpineNode::onSpineComplete(int, int) { complete(); }
 bool ZuAniSpineNode::procEvent(ZuEvent* event) {
     if (!event) return true;
     if (state != STATE_PLAY_REQUESTED && state != STATE_PLAYING && triggers.isInStartEventList(event)) play();
-    if (state != STATE_STOPPED && triggers.isInStopEventList(event, m_resUID)) stop();
+    if ((state != STATE_STOPPED || !isStop) && triggers.isInStopEventList(event, m_resUID)) stop();
     ZuReactEvent* entry = triggers.isInSwitchAniEventList(event);
     if (entry && event->resUID == m_resUID && event->sceneName == m_sceneName && dynamic_cast<ZuReactEvent*>(event) &&
         !(entry->animation == currentAni.name)) {
