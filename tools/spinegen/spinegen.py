@@ -452,32 +452,6 @@ def score_bar(folder):
         "id": "score", "type": "anim", "subType": "screen", "loop": "1",
         "syncPosBoneName": ["tip"], "spine": {"spine_name": "score_bar"}}]}
     write(os.path.join(folder, "config.json"), json.dumps(config, indent=2) + "\n")
-    # Digits for the score: 0123456789:.+-x% in equal cells of one strip.
-    glyphs = gsf.Canvas(16 * 32, 48)
-    write_digit_strip(gsf, glyphs)
-    gsf.write_png(os.path.join(folder, "digits.png"), 16 * 32, 48, glyphs.px)
-
-
-# Seven-segment digits: segments a..g as (x0, y0, x1, y1) in a 32 x 48 cell.
-SEGMENTS = {"a": (7, 4, 25, 9), "b": (23, 6, 28, 23), "c": (23, 25, 28, 42), "d": (7, 39, 25, 44),
-            "e": (4, 25, 9, 42), "f": (4, 6, 9, 23), "g": (7, 21, 25, 26)}
-DIGITS = {"0": "abcdef", "1": "bc", "2": "abged", "3": "abgcd", "4": "fgbc", "5": "afgcd", "6": "afgedc",
-          "7": "abc", "8": "abcdefg", "9": "abcdfg", "-": "g"}
-
-
-def write_digit_strip(gsf, canvas):
-    for i, ch in enumerate("0123456789:.+-x%"):
-        ox = i * 32
-        for seg in DIGITS.get(ch, ""):
-            x0, y0, x1, y1 = SEGMENTS[seg]
-            canvas.polygon([(ox + x0, y0), (ox + x1, y0), (ox + x1, y1), (ox + x0, y1)], (255, 255, 255))
-        if ch in ":.":
-            canvas.disc(ox + 16, 40, 3, (255, 255, 255))
-            if ch == ":":
-                canvas.disc(ox + 16, 16, 3, (255, 255, 255))
-        if ch == "+":
-            canvas.polygon([(ox + 14, 12), (ox + 18, 12), (ox + 18, 36), (ox + 14, 36)], (255, 255, 255))
-            canvas.polygon([(ox + 6, 22), (ox + 26, 22), (ox + 26, 26), (ox + 6, 26)], (255, 255, 255))
 
 
 # --------------------------------------------------------------------------
