@@ -1,11 +1,13 @@
 #pragma once
 
 #include "basesys/ZuObject.h"
+#include "basesys/qzArray.h"
 #include "data/DETECTTYPE.h"
 
 class ZuAppMain;
 class ZuDataSwap;
 struct AAssetManager;
+struct SpineHeadRes;
 
 // The one door through which a host talks to a running engine. Its methods
 // test the engine state, build an operation and push it, so that the change
@@ -97,6 +99,9 @@ public:
     void loadEffect(const char* name, const char* path);
     void loadEffect(const char* name, const char* path, int resUID);
     void loadEffect(const char* name, const char* path, int resUID, int slot);
+    // As above, with the host's head pictures for the package's skeletal
+    // stickers; the caller's array is taken over and left empty.
+    void loadEffect(const char* name, const char* path, int resUID, int slot, qz::array<SpineHeadRes>* heads);
     void loadGame(const char* name, const char* gameName, const char* path, int resUID, int slot);
     // Queued: packages play one after another (see the configuration's
     // "maxAddQueueNum" and "playDeltaTime").

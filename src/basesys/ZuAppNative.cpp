@@ -8,6 +8,7 @@
 #include "basesys/ZuFileMgr.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "data/ZuCameraImageFormat.h"
+#include "parse/SpineHeadRes.h"
 #include "data/ZuDataGenCamera.h"
 #include "data/ZuDataMgr.h"
 #include "data/ZuDataSwap.h"
@@ -374,6 +375,17 @@ void ZuAppNative::loadEffect(const char* name, const char* path, int resUID) { l
 
 void ZuAppNative::loadEffect(const char* name, const char* path, int resUID, int slot) {
     if (canPushEffect()) push(new ZuOperateParse(app, resUID, name, path, slot));
+}
+
+void ZuAppNative::loadEffect(const char* name, const char* path, int resUID, int slot,
+                             qz::array<SpineHeadRes>* heads) {
+    if (!canPushEffect()) {
+        if (heads) heads->clear();
+        return;
+    }
+    ZuOperateParse* op = new ZuOperateParse(app, resUID, name, path, slot);
+    op->takeHeads(heads);
+    push(op);
 }
 
 void ZuAppNative::loadGame(const char* name, const char* gameName, const char* path, int resUID, int slot) {

@@ -4,6 +4,7 @@
 #include "basesys/qzArray.h"
 #include "basesys/qzMap.h"
 #include "basesys/qzString.h"
+#include "logicsys/Animate2D/ZuSkeletonPool.h"
 
 #include <rapidjson/document.h>
 
@@ -24,7 +25,10 @@ public:
 
     // Registers the item types, those of switched-off families excepted.
     void init();
-    void destroy() { dictionary.clear(); }
+    void destroy() {
+        dictionary.clear();
+        skeletons.clearSkeleton();
+    }
 
     // Ignored when the name is taken.
     void registDictionary(const char* typeName, ZuParseFunc func);
@@ -35,6 +39,8 @@ public:
     bool parse(const char* path, int resUID, const char* sceneName);
     // Head pictures become named textures; the array is emptied.
     void parseTexHeadStream(qz::array<SpineHeadRes>* heads);
+    // Parsed skeletons shared by the stickers of this engine.
+    ZuSkeletonPool& getSkeletonPool() { return skeletons; }
 
 private:
     void _parseCommon(const rapidjson::Value& item, int resUID, const char* sceneName, const char* directory);
@@ -43,4 +49,5 @@ private:
     void _parseExitMode(const rapidjson::Value& value);
 
     qz::map<qz::string, ZuParseFunc> dictionary;
+    ZuSkeletonPool skeletons;
 };

@@ -75,7 +75,7 @@ void ZuPersonSys::createPersonByScene(const char* scene) {
 void ZuPersonSys::delPersonByScene(const char* scene) {
     if (!scene) return;
     ZuLockGuard guard(lock);
-    auto* entry = scenes.find(qz::string(scene));
+    auto* entry = scenes.find(scene); // no temporary key: this runs for every sticker every frame
     if (!entry) return;
     releasePersons(entry->getValue());
     scenes.remove(entry);
@@ -92,7 +92,7 @@ void ZuPersonSys::setDetectType(DETECTTYPE type) {
 
 const ZuPersonSys::PersonList* ZuPersonSys::personsOf(const char* scene) const {
     if (!scene) return nullptr;
-    auto* entry = scenes.find(qz::string(scene));
+    auto* entry = scenes.find(scene); // no temporary key: this runs for every sticker every frame
     return entry ? entry->getValue() : nullptr;
 }
 

@@ -47,6 +47,11 @@
 #include "logicsys/Animate2D/ZuSpriteNode.h"
 #include "logicsys/Animate2D/ZuTexAniNode.h"
 #include "node/sound/ZuSoundNode.h"
+#include "logicsys/Animate2D/ZuAniSpineNode.h"
+#include "logicsys/Animate2D/ZuProgressNode.h"
+#include "node/mask/ZuCoverMaskNode.h"
+#include "node/mask/ZuHeadNode.h"
+#include "node/mask/ZuStencilNode.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuScene.h"
 #include "scene/ZuTimeOutNode.h"
@@ -149,4 +154,10 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuFaceNewMorphNode", zuCreateNodeOfType<ZuFaceNewMorphNode>);
     creator->registCreateFunc("ZuCircleDistortionNode", zuCreateNodeOfType<ZuCircleDistortionNode>);
     creator->registCreateFunc("ZuEllipseDistortionNode", zuCreateNodeOfType<ZuEllipseDistortionNode>);
+    // Skeletal stickers and the pictures that ride on them.
+    creator->registCreateFunc("ZuAniSpineNode", zuCreateNodeOfType<ZuAniSpineNode>);
+    creator->registCreateFunc("ZuProgressNode", zuCreateNodeOfType<ZuProgressNode>);
+    creator->registCreateFunc("ZuHeadNode", zuCreateNodeOfType<ZuHeadNode>);
+    creator->registCreateFunc("ZuStencilNode", zuCreateNodeOfType<ZuStencilNode>);
+    creator->registCreateFunc("ZuCoverMaskNode", zuCreateNodeOfType<ZuCoverMaskNode>);
 }

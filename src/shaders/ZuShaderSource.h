@@ -117,3 +117,10 @@ extern const char* const sf_pigFace;
 // Lenses over one landmark: round and oval.
 extern const char* const sf_filterEnlargeEye;
 extern const char* const sf_filterEnlargeEllipse;
+// Skeletal stickers: page texture times vertex colour, with a screen mask;
+// head pictures on bones, masked and framed.
+extern const char* const sv_animateSpine;
+extern const char* const sf_animateSpine;
+extern const char* const sf_spineMask;
+extern const char* const sv_texHead;
+extern const char* const sf_texHead;

@@ -337,11 +337,6 @@ TEST_F(AniFrameTest, TheAnimItemReadsItsKeysAndBuildsNodesPerPerson) {
     EXPECT_EQ(node->getAniFrame()->getTexturePListCount(), 0u);          // the missing atlas is skipped
     EXPECT_TRUE(app->getGlobalMgr()->getConfig()->screenAnimation);
     data->release();
-
-    // Skeletal items are refused with a log line.
-    item.Parse(R"({"id": "sk", "spine": {"skeleton": "a.json"}})");
-    EXPECT_EQ(ZuParse2DAni::parse2DAni(app, item, 5, "s", dir.path().c_str()), nullptr);
-    EXPECT_EQ(capture.count("skeletal \"anim\" items are not supported yet", ZU_LOG_WARN), 1);
 }
 
 TEST_F(AniFrameTest, AFaceStickerSitsOnItsLandmarkScalesWithTheEyesAndHidesWithoutAFace) {

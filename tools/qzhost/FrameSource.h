@@ -54,8 +54,10 @@ public:
     // names without a number are left out. Public for the tests' sake.
     static std::vector<std::string> numberedFrames(const std::string& folder);
 
-private:
+    // A PNG file as RGBA rows, top first; false after printing why.
     bool decodePng(const std::string& path, std::vector<uint8_t>& rgba, int* width, int* height) const;
+
+private:
 
     Kind m_kind = Kind::Photo;
     int m_width = 0;

@@ -1,4 +1,5 @@
 #include "HostEngine.h"
+#include "FrameSource.h"
 
 #include "PackageWatcher.h"
 
@@ -11,6 +12,7 @@
 #include "data/DETECTTYPE.h"
 #include "data/ZuGifMgr.h"
 #include "event/ZuEventMgr.h"
+#include "parse/SpineHeadRes.h"
 #include "platform/ZuHeadlessContext.h"
 
 #include <GLES2/gl2.h>
@@ -99,13 +101,38 @@ void HostEngine::setupScene(int width, int height, int cameraHostFormat, int out
     tick();
 }
 
+bool HostEngine::setHeads(const std::vector<std::string>& heads) {
+    FrameSource decoder;
+    for (const std::string& text : heads) {
+        const size_t first = text.find(','), second = text.find(',', first + 1);
+        Head head;
+        head.skeleton = text.substr(0, first);
+        head.bone = text.substr(first + 1, second - first - 1);
+        if (!decoder.decodePng(text.substr(second + 1), head.rgba, &head.width, &head.height)) return false;
+        m_heads.push_back(head);
+    }
+    return true;
+}
+
 void HostEngine::loadEffects(const std::vector<std::string>& packages, bool queued) {
     ZuAppNative* native = m_app->getAppInter();
     for (size_t i = 0; i < packages.size(); ++i) {
         int resUID = kFirstResUID + static_cast<int>(i);
         int slot = static_cast<int>(i);
         m_watcher->expect(resUID, packages[i]);
-        if (queued)
+        if (i == 0 && !queued && !m_heads.empty()) {
+            qz::array<SpineHeadRes> heads;
+            for (Head& head : m_heads) {
+                SpineHeadRes res;
+                res.first = head.skeleton.c_str();
+                res.second = head.bone.c_str();
+                res.pixels = head.rgba.data();
+                res.width = head.width;
+                res.height = head.height;
+                heads.push_back(res);
+            }
+            native->loadEffect(kSceneName, packages[i].c_str(), resUID, slot, &heads);
+        } else if (queued)
             native->addEffect(kSceneName, packages[i].c_str(), resUID, slot);
         else
             native->loadEffect(kSceneName, packages[i].c_str(), resUID, slot);

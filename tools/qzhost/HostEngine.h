@@ -32,6 +32,9 @@ public:
     // Loads each package (resUID 250, 251..., slot 0, 1...), by loadEffect
     // or through the effect queue.
     void loadEffects(const std::vector<std::string>& packages, bool queued);
+    // Head pictures for the first package, "SKELETON,BONE,FILE.png" each;
+    // call before loadEffects. False after printing why.
+    bool setHeads(const std::vector<std::string>& heads);
 
     // Ticks until every package (or, queued, the first) has its parse
     // outcome, so the first written frame already shows them; gives up after
@@ -78,6 +81,13 @@ public:
 private:
     bool gifBusy() const;
 
+    // A decoded head picture; the engine reads the pixels in a later frame.
+    struct Head {
+        std::string skeleton, bone;
+        std::vector<uint8_t> rgba;
+        int width = 0, height = 0;
+    };
+    std::vector<Head> m_heads;
     bool m_es3 = false;
     // Stepped clock (useFrameRate): microseconds, and the step per frame; 0: wall clock.
     // Read by the engine's frame thread in threaded runs.

@@ -51,6 +51,8 @@ void HostOptions::printUsage(FILE* to) {
             "  --effect DIR       load an effect package (a folder with config.json);\n"
             "                     repeatable, each gets resUID 250, 251... and slot\n"
             "                     0, 1...\n"
+            "  --head S,B,FILE    a head picture (PNG) for the first package's\n"
+            "                     skeleton S, to ride on its bone B; repeatable\n"
             "  --queue            send the packages through the effect queue instead\n"
             "  --frames N         frames to run (default: 1 for a photo, all frames of\n"
             "                     a folder or raw file; a photo is repeated N times)\n"
@@ -184,6 +186,13 @@ HostOptions::Outcome HostOptions::parse(int argc, char** argv) {
                 outputName = kOutputNames[outputType];
         } else if (arg == "--effect") {
             if ((ok = takeValue(argc, argv, i, value))) effects.push_back(value);
+        } else if (arg == "--head") {
+            if (!(ok = takeValue(argc, argv, i, value))) break;
+            const size_t first = value.find(','), second = first == std::string::npos ? first : value.find(',', first + 1);
+            if (first == 0 || second == std::string::npos || second == first + 1 || second + 1 >= value.size())
+                ok = fail("--head wants SKELETON,BONE,FILE.png, not '%s'", value.c_str());
+            else
+                heads.push_back(value);
         } else if (arg == "--queue") {
             queueEffects = true;
         } else if (arg == "--out") {

@@ -32,6 +32,8 @@ public:
 
     std::vector<std::string> effects;
     bool queueEffects = false;
+    // Head pictures handed to the first package: "SKELETON,BONE,FILE.png".
+    std::vector<std::string> heads;
 
     // Face input: a landmark file turned into one back end's record, pushed
     // with every frame.

@@ -112,6 +112,7 @@ int main(int argc, char** argv) {
     engine.setupScene(width, height, options.cameraFormat, options.outputType);
     if (options.hasLandmarks())
         engine.setupFaces(FaceRecordBuilder::detectType(options.detect), options.showPoints);
+    if (!engine.setHeads(options.heads)) return 1;
     engine.loadEffects(options.effects, options.queueEffects);
     if (!engine.waitForEffects(options.queueEffects, 5000))
         fprintf(stderr, "qzhost: warning: effects still loading after 5 s; running anyway\n");

@@ -9,8 +9,12 @@ Outputs (all deterministic):
                                             constraint type the reader knows
   tests/spine/data/walker.json|.atlas|.png  small character, also the sample
   samples/spine/walker/...                  the same character as a sample
+  samples/packages/sticker_spine_mouth/     a face sticker on two atlas pages
+  samples/packages/head_picture/            a dancer that carries a head picture
+  samples/packages/score_progress/          a bar that a score fills
 """
 import json
+import math
 import os
 import struct
 import sys
@@ -263,6 +267,194 @@ def walker_skeleton():
 
 
 # --------------------------------------------------------------------------
+# Sample sticker packages: art drawn with the sticker-frame canvas, atlases of
+# one or more pages. Skeletons are authored for a face whose eyes are 260
+# units apart, the distance at which a face-bound sticker is drawn at scale 1.
+
+
+def _canvas_module():
+    import importlib.util
+    here = os.path.dirname(os.path.abspath(__file__))
+    path = os.path.join(here, "..", "..", "scripts", "gen_sticker_frames.py")
+    spec = importlib.util.spec_from_file_location("gen_sticker_frames", path)
+    module = importlib.util.module_from_spec(spec)
+    spec.loader.exec_module(module)
+    return module
+
+
+def heart_points(cx, cy, size, steps=72):
+    pts = []
+    for i in range(steps):
+        t = 2 * math.pi * i / steps
+        x = 16 * math.sin(t) ** 3
+        y = 13 * math.cos(t) - 5 * math.cos(2 * t) - 2 * math.cos(3 * t) - math.cos(4 * t)
+        pts.append((cx + x * size / 34.0, cy - y * size / 34.0))
+    return pts
+
+
+def star_points(cx, cy, outer, inner, n=5):
+    pts = []
+    for i in range(2 * n):
+        r = outer if i % 2 == 0 else inner
+        a = -math.pi / 2 + math.pi * i / n
+        pts.append((cx + r * math.cos(a), cy + r * math.sin(a)))
+    return pts
+
+
+def multi_atlas_text(pages):
+    """pages: list of (file, (w, h), regions)."""
+    return "\n".join(atlas_text(name, size, regions) for name, size, regions in pages)
+
+
+def mouth_sticker(folder):
+    """Hearts (page 1) and bubbles (page 2) that burst from the mouth."""
+    gsf = _canvas_module()
+    hearts = gsf.Canvas(256, 128)
+    for i, rgb in enumerate([(235, 60, 90), (250, 120, 160), (200, 40, 140)]):
+        cx = 42 + i * 86
+        hearts.polygon(heart_points(cx, 62, 76), rgb)
+        hearts.disc(cx - 16, 46, 8, (255, 255, 255), 0.55)
+    bubbles = gsf.Canvas(256, 128)
+    for i, rgb in enumerate([(90, 190, 250), (120, 230, 200), (250, 210, 90)]):
+        cx = 42 + i * 86
+        bubbles.disc(cx, 64, 38, rgb, 0.45)
+        bubbles.disc(cx, 64, 38, rgb, 1.0, ring=5)
+        bubbles.disc(cx - 13, 50, 8, (255, 255, 255), 0.85)
+    os.makedirs(folder, exist_ok=True)
+    gsf.write_png(os.path.join(folder, "mouth_puff.png"), 256, 128, hearts.px)
+    gsf.write_png(os.path.join(folder, "mouth_puff2.png"), 256, 128, bubbles.px)
+    heart_regions = [{"name": "heart%d" % i, "x": 2 + 86 * i, "y": 20, "w": 80, "h": 84} for i in range(3)]
+    bubble_regions = [{"name": "bubble%d" % i, "x": 2 + 86 * i, "y": 24, "w": 80, "h": 80} for i in range(3)]
+    write(os.path.join(folder, "mouth_puff.atlas"),
+          multi_atlas_text([("mouth_puff.png", (256, 128), heart_regions),
+                            ("mouth_puff2.png", (256, 128), bubble_regions)]))
+    bones = [{"name": "root"}]
+    slots, skin, anim_bones, anim_slots = [], {}, {}, {}
+    # Six pieces fan out below and beside the mouth, growing, then fading.
+    fan = [("heart0", 200), ("bubble0", 235), ("heart1", 270), ("bubble1", 305), ("heart2", 340),
+           ("bubble2", 160)]
+    for k, (region, angle) in enumerate(fan):
+        name = "piece%d" % k
+        bones.append({"name": name, "parent": "root"})
+        slots.append({"name": name, "bone": name, "attachment": region})
+        skin[name] = {region: {"width": 200, "height": 210 if region.startswith("heart") else 200}}
+        dx, dy = math.cos(math.radians(angle)), math.sin(math.radians(angle))
+        delay = 0.1 * (k % 3)
+        reach = 330 + 60 * (k % 2)
+        anim_bones[name] = {
+            "translate": [{"time": 0, "x": 0, "y": 0}, {"time": delay, "x": 0, "y": 0},
+                          {"time": 1.2, "x": round(dx * reach, 2), "y": round(dy * reach, 2)}],
+            "scale": [{"time": 0, "x": 0.3, "y": 0.3}, {"time": delay, "x": 0.3, "y": 0.3},
+                      {"time": 0.8, "x": 1.0, "y": 1.0}, {"time": 1.2, "x": 1.1, "y": 1.1}],
+            "rotate": [{"time": 0, "angle": 0}, {"time": 1.2, "angle": 40 if k % 2 else -40}],
+        }
+        anim_slots[name] = {"color": [{"time": 0, "color": "ffffffff"}, {"time": 0.9, "color": "ffffffff"},
+                                      {"time": 1.2, "color": "ffffff00"}]}
+    skeleton = {"skeleton": {"hash": "mouthpuff-0001", "spine": "1.0", "width": 400, "height": 400},
+                "bones": bones, "slots": slots, "skins": {"default": skin},
+                "animations": {"animation": {"bones": anim_bones, "slots": anim_slots}}}
+    write(os.path.join(folder, "mouth_puff.json"), json.dumps(skeleton, indent=1) + "\n")
+    config = {"version": 1, "param": [{
+        "id": "puff", "type": "anim", "subType": "face", "loop": "1",
+        "spine": {"spine_name": "mouth_puff", "boneMap": {"root": "220"}, "animation": "animation"},
+        "triggeredBy": [{"category": "mouthopen"}], "terminatedBy": [{"category": "mouthclose"}]}]}
+    write(os.path.join(folder, "config.json"), json.dumps(config, indent=2) + "\n")
+
+
+def head_dancer(folder):
+    """A full-screen dancer whose head bone carries the host's head picture,
+    cut by a round mask and set in a gold ring."""
+    gsf = _canvas_module()
+    page = gsf.Canvas(256, 256)
+    # Body: a torso dress and two arms.
+    page.polygon([(20, 10), (108, 10), (124, 150), (4, 150)], (120, 70, 200))
+    page.polygon([(20, 10), (108, 10), (96, 40), (32, 40)], (160, 110, 230))
+    page.polygon([(136, 10), (156, 10), (156, 110), (136, 110)], (240, 190, 150))
+    page.polygon([(170, 10), (190, 10), (190, 110), (170, 110)], (240, 190, 150))
+    os.makedirs(folder, exist_ok=True)
+    gsf.write_png(os.path.join(folder, "dancer.png"), 256, 256, page.px)
+    regions = [{"name": "dress", "x": 4, "y": 10, "w": 120, "h": 140},
+               {"name": "arm", "x": 136, "y": 10, "w": 20, "h": 100}]
+    write(os.path.join(folder, "dancer.atlas"), atlas_text("dancer.png", (256, 256), regions))
+    mask = gsf.Canvas(128, 128)
+    mask.disc(64, 64, 60, (255, 255, 255))
+    gsf.write_png(os.path.join(folder, "head_mask.png"), 128, 128, mask.px)
+    ring = gsf.Canvas(128, 128)
+    ring.disc(64, 64, 62, (240, 190, 60), 1.0, ring=7)
+    gsf.write_png(os.path.join(folder, "head_frame.png"), 128, 128, ring.px)
+    bones = [{"name": "root", "x": 0, "y": 60},
+             {"name": "body", "parent": "root", "y": 140, "rotation": 90, "length": 140},
+             {"name": "head", "parent": "body", "x": 200},
+             {"name": "leftArm", "parent": "body", "x": 120, "y": 70, "rotation": 150, "length": 100},
+             {"name": "rightArm", "parent": "body", "x": 120, "y": -70, "rotation": -150, "length": 100}]
+    slots = [{"name": "leftArm", "bone": "leftArm", "attachment": "arm"},
+             {"name": "rightArm", "bone": "rightArm", "attachment": "arm"},
+             {"name": "dress", "bone": "body", "attachment": "dress"},
+             {"name": "head", "bone": "head"}]
+    skin = {"dress": {"dress": {"x": 70, "rotation": -90, "width": 240, "height": 280}},
+            "leftArm": {"arm": {"x": 50, "rotation": -90, "width": 40, "height": 200}},
+            "rightArm": {"arm": {"x": 50, "rotation": -90, "width": 40, "height": 200}}}
+    dance = {"bones": {
+        "body": {"rotate": [{"time": 0, "angle": -8}, {"time": 0.5, "angle": 8}, {"time": 1, "angle": -8}]},
+        "root": {"translate": [{"time": 0, "x": 0, "y": 0}, {"time": 0.25, "x": 0, "y": 20},
+                               {"time": 0.5, "x": 0, "y": 0}, {"time": 0.75, "x": 0, "y": 20},
+                               {"time": 1, "x": 0, "y": 0}]},
+        "leftArm": {"rotate": [{"time": 0, "angle": 30}, {"time": 0.5, "angle": -20}, {"time": 1, "angle": 30}]},
+        "rightArm": {"rotate": [{"time": 0, "angle": -30}, {"time": 0.5, "angle": 20}, {"time": 1, "angle": -30}]},
+        "head": {"rotate": [{"time": 0, "angle": 10}, {"time": 0.5, "angle": -10}, {"time": 1, "angle": 10}]}}}
+    skeleton = {"skeleton": {"hash": "dancer-0001", "spine": "1.0", "width": 300, "height": 600},
+                "bones": bones, "slots": slots, "skins": {"default": skin},
+                "animations": {"animation": dance}}
+    write(os.path.join(folder, "dancer.json"), json.dumps(skeleton, indent=1) + "\n")
+    config = {"version": 1, "param": [{
+        "id": "dancer", "type": "anim", "subType": "screen", "loop": "1",
+        "spine": {"spine_name": "dancer"},
+        "texHead": [{"id": "h1", "spineName": "dancer", "boneName": "head", "mask": "head_mask",
+                     "frameName": "head_frame", "frame": {"w": "150", "h": "150"}}]}]}
+    write(os.path.join(folder, "config.json"), json.dumps(config, indent=2) + "\n")
+
+
+def score_bar(folder):
+    """A bar whose clip "spine_ani" fills it from empty to full in 2 s, with a
+    star that rides on its end; scrubbed by a score, never by the clock."""
+    gsf = _canvas_module()
+    page = gsf.Canvas(256, 64)
+    page.polygon([(2, 2), (202, 2), (202, 30), (2, 30)], (40, 40, 60), 0.85)
+    page.polygon([(2, 34), (202, 34), (202, 60), (2, 60)], (80, 220, 120))
+    page.polygon(star_points(230, 32, 22, 10), (255, 215, 60))
+    os.makedirs(folder, exist_ok=True)
+    gsf.write_png(os.path.join(folder, "score_bar.png"), 256, 64, page.px)
+    regions = [{"name": "track", "x": 2, "y": 2, "w": 200, "h": 28},
+               {"name": "fill", "x": 2, "y": 34, "w": 200, "h": 26},
+               {"name": "star", "x": 208, "y": 10, "w": 44, "h": 44}]
+    write(os.path.join(folder, "score_bar.atlas"), atlas_text("score_bar.png", (256, 64), regions))
+    bones = [{"name": "root", "y": 1150}, {"name": "fill", "parent": "root", "x": -200},
+             {"name": "tip", "parent": "root", "x": -200}]
+    slots = [{"name": "track", "bone": "root", "attachment": "track"},
+             {"name": "fill", "bone": "fill", "attachment": "fill"},
+             {"name": "star", "bone": "tip", "attachment": "star"}]
+    # The fill's left edge stays at x = -200 while it widens to 400.
+    skin = {"track": {"track": {"width": 408, "height": 56}},
+            "fill": {"fill": {"x": 200, "width": 400, "height": 48}},
+            "star": {"star": {"width": 88, "height": 88}}}
+    clip = {"bones": {
+        "fill": {"scale": [{"time": 0, "x": 0.0, "y": 1}, {"time": 2, "x": 1, "y": 1}],
+                 "translate": [{"time": 0, "x": 0, "y": 0}, {"time": 2, "x": 0, "y": 0}]},
+        "tip": {"translate": [{"time": 0, "x": 0, "y": 0}, {"time": 2, "x": 400, "y": 0}],
+                "rotate": [{"time": 0, "angle": 0}, {"time": 2, "angle": -360}]}}}
+    skeleton = {"skeleton": {"hash": "scorebar-0001", "spine": "1.0", "width": 500, "height": 100},
+                "bones": bones, "slots": slots, "skins": {"default": skin},
+                "animations": {"spine_ani": clip, "animation": clip}}
+    write(os.path.join(folder, "score_bar.json"), json.dumps(skeleton, indent=1) + "\n")
+    # As a package the bar fills by the clock (its default clip); a game
+    # scrubs "spine_ani" with a progress node instead.
+    config = {"version": 1, "param": [{
+        "id": "score", "type": "anim", "subType": "screen", "loop": "1",
+        "syncPosBoneName": ["tip"], "spine": {"spine_name": "score_bar"}}]}
+    write(os.path.join(folder, "config.json"), json.dumps(config, indent=2) + "\n")
+
+
+# --------------------------------------------------------------------------
 
 
 def write(path, data):
@@ -284,6 +476,10 @@ def main():
     emit(data, "full", full_skeleton(), FULL_REGIONS, (256, 256))
     emit(data, "walker", walker_skeleton(), WALKER_REGIONS, (128, 64))
     emit(os.path.join(root, "samples", "spine", "walker"), "walker", walker_skeleton(), WALKER_REGIONS, (128, 64))
+    packages = os.path.join(root, "samples", "packages")
+    mouth_sticker(os.path.join(packages, "sticker_spine_mouth"))
+    head_dancer(os.path.join(packages, "head_picture"))
+    score_bar(os.path.join(packages, "score_progress"))
 
 
 if __name__ == "__main__":

@@ -101,6 +101,10 @@ const Row kRows[] = {
     // Lenses: full-screen passes over the picture.
     {"filterEnlargeEye", sv_screennor, sf_filterEnlargeEye},
     {"filterEnlargeEllipse", sv_screennor, sf_filterEnlargeEllipse},
+    // Skeletal stickers and head pictures.
+    {"animateSpine", sv_animateSpine, sf_animateSpine},
+    {"spineMask", sv_animateSpine, sf_spineMask},
+    {"texHead", sv_texHead, sf_texHead},
 };
 
 qz::map<qz::string, cfgShader::Sources>* buildTable() {
