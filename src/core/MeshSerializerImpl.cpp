@@ -51,10 +51,16 @@ bool MeshSerializerImpl::importMesh(DataStream& stream, ZuOgrePieceModel* model)
     uint16_t id = 0;
     readShorts(stream, &id, 1);
     readString(stream); // neither a wrong id nor a wrong version stops it here
+    bool found = false;
     while (!broken && remaining(stream) > 0) {
         id = readChunk(stream);
-        if (id == M_MESH) readMesh(stream, model);
+        if (id == M_MESH) {
+            readMesh(stream, model);
+            found = true;
+        }
     }
+    // A file with no mesh in it is of no use to any node.
+    if (!found) refuse(stream, "no mesh chunk");
     return !broken;
 }
 
