@@ -5,6 +5,7 @@
 #include "parse/ZuParseEffectFilter.h"
 #include "parse/ZuParseFaceBeautify.h"
 #include "parse/ZuParseMgr.h"
+#include "parse/ZuParseOgreAnimoji.h"
 #include "parse/ZuParseParticle.h"
 #include "parse/ZuParseSound.h"
 #include "parse/ZuParseTimeOut.h"
@@ -17,4 +18,5 @@ void registerBuiltinItemTypes(ZuParseMgr* mgr, const CfgFilter& filter) {
     mgr->registDictionary("EffectFilter", ZuParseEffectFilter::parseEffectFilter);
     mgr->registDictionary("particle", ZuParseParticle::parseParticle);
     if (CfgFilter::isOn(filter.audio)) mgr->registDictionary("audio", ZuParseSound::parseSound);
+    mgr->registDictionary("ogreAnimoji", ZuParseOgreAnimoji::parseOgreAnimoji);
 }

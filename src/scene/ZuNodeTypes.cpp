@@ -30,6 +30,7 @@
 #include "logicsys/Animate2D/ZuSpriteNode.h"
 #include "logicsys/Animate2D/ZuTexAniNode.h"
 #include "node/sound/ZuSoundNode.h"
+#include "core/ZuOgreAnimojiNode.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuScene.h"
 #include "scene/ZuTimeOutNode.h"
@@ -49,6 +50,7 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuDataOutputScaleTexNode", zuCreateNodeOfType<ZuDataOutputScaleTexNode>);
     creator->registCreateFunc("ZuIconNode", zuCreateNodeOfType<ZuIconNode>);
     creator->registCreateFunc("ZuSoundNode", zuCreateNodeOfType<ZuSoundNode>);
+    creator->registCreateFunc("ZuOgreAnimojiNode", zuCreateNodeOfType<ZuOgreAnimojiNode>);
     creator->registCreateFunc("ZuAniFrameNode", zuCreateNodeOfType<ZuAniFrameNode>);
     creator->registCreateFunc("ZuSpriteNode", zuCreateNodeOfType<ZuSpriteNode>);
     creator->registCreateFunc("ZuBitFontNode", zuCreateNodeOfType<ZuBitFontNode>);

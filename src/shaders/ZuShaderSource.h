@@ -86,3 +86,8 @@ extern const char* const sf_faceBeautifyCurve;
 extern const char* const sv_faceBeautifyEs30;
 extern const char* const sf_faceBeautifyEs30;
 extern const char* const sv_faceBeautyOutline;
+
+// Characters: skinned and morphed, lit (ZuShaderModel.cpp).
+extern const char* const sv_skinMorphAnimation2;
+extern const char* const sv_skinMorphAnimation;
+extern const char* const sf_litModel;

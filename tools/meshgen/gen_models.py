@@ -138,19 +138,19 @@ def head_texture(path, rings):
     for side in (0.42, -0.42):
         # The eye fills the band between its ring and the next one.
         y0, y1 = v_of(rows["eye"]), v_of(rows["eye"] + 1)
-        x0, x1 = u_of(side - 0.17), u_of(side + 0.17)
+        x0, x1 = u_of(side - 0.22), u_of(side + 0.22)
         c.polygon([(x0, (y0 + y1) / 2), ((x0 + x1) / 2, y0 - 1), (x1, (y0 + y1) / 2), ((x0 + x1) / 2, y1 + 1)],
                   (255, 255, 255))
         c.disc((x0 + x1) / 2, (y0 + y1) / 2, (y1 - y0) * 0.45, (40, 60, 120))
         # The brow in the band above its ring.
-        by0, by1 = v_of(rows["brow"]) - band * 0.3, v_of(rows["brow"]) + band * 0.3
+        by0, by1 = v_of(rows["brow"]) - band * 0.45, v_of(rows["brow"]) + band * 0.45
         c.polygon([(u_of(side - 0.2), by1), (u_of(side + 0.2), by1), (u_of(side + 0.2), by0),
                    (u_of(side - 0.2), by0)], (90, 50, 30))
     # The mouth: a dark slot in the band below the mouth line, red lips around.
     my0, my1 = v_of(rows["mouth"]), v_of(rows["mouth"] + 1)
-    c.polygon([(u_of(-0.3), my0 - 2), (u_of(0.3), my0 - 2), (u_of(0.3), my1 + 2), (u_of(-0.3), my1 + 2)],
+    c.polygon([(u_of(-0.36), my0 - 3), (u_of(0.36), my0 - 3), (u_of(0.36), my1 + 3), (u_of(-0.36), my1 + 3)],
               (200, 60, 70))
-    c.polygon([(u_of(-0.25), my0 + 1), (u_of(0.25), my0 + 1), (u_of(0.25), my1 - 1), (u_of(-0.25), my1 - 1)],
+    c.polygon([(u_of(-0.3), my0 + 1), (u_of(0.3), my0 + 1), (u_of(0.3), my1 - 1), (u_of(-0.3), my1 - 1)],
               (70, 10, 20))
     # The nose: a soft darker spot.
     c.disc(u_of(0), (v_of(rows["eye"]) + v_of(rows["mouth"])) / 2, 4, (210, 150, 115))

@@ -78,6 +78,9 @@ const Row kRows[] = {
     {"faceBuffingWhite_es30", sv_faceBuffingWhiteEs30, sf_faceBuffingWhiteEs30},
     {"faceBuffingWhite_es30High", sv_faceBuffingWhiteEs30, sf_faceBuffingWhiteEs30High},
     {"faceBeautyOutline", sv_faceBeautyOutline, sf_screennor}, // the warp is all in the vertex stage
+    // Characters.
+    {"skin_morph_animation2", sv_skinMorphAnimation2, sf_litModel},
+    {"skin_morph_animation", sv_skinMorphAnimation, sf_litModel},
 };
 
 qz::map<qz::string, cfgShader::Sources>* buildTable() {
