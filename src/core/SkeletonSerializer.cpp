@@ -53,6 +53,17 @@ bool SkeletonSerializer::importSkeleton(DataStream& stream, Skeleton* skeleton) 
         }
     }
     if (broken) return false;
+    // Bones update their parents' chains recursively: a hierarchy deeper
+    // than any character needs is refused rather than risked.
+    for (size_t h = 0; h < skeleton->getNumBones(); ++h) {
+        int depth = 0;
+        for (Bone* up = skeleton->getBone(static_cast<uint16_t>(h)); up; up = up->getParent()) {
+            if (++depth > kMaxDepth) {
+                refuse(stream, "bone hierarchy deeper than 256");
+                return false;
+            }
+        }
+    }
     skeleton->setBindingPose();
     return true;
 }

@@ -18,6 +18,7 @@ public:
     static constexpr uint32_t calcBoneSizeWithoutScale() { return 36; }
     static constexpr uint32_t calcKeyFrameSizeWithoutScale() { return 38; }
     static constexpr uint32_t calcBoneParentSize() { return 10; }
+    static constexpr int kMaxDepth = 256;
 
 private:
     void readBone(DataStream& stream, Skeleton* skeleton);
