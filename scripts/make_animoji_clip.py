@@ -45,7 +45,7 @@ def main():
             else:
                 turn = math.sin(2 * math.pi * (f - half) / max(1, frames - half))
                 for i in MIDDLE:
-                    pts[i][0] += 0.45 * jaw * turn * (1.0 if i in NOSE else 0.6)
+                    pts[i][0] += 0.7 * jaw * turn * (1.0 if i in NOSE else 0.6)
             for p in pts:
                 p[0] += 0.25 * f
             for p in face.get("pupils", []):

@@ -22,6 +22,7 @@
 #include <GLES2/gl2.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <fstream>
 #include <iterator>
@@ -186,6 +187,54 @@ TEST_F(AnimojiNodeTest, HeadSitsOnTheFaceAndItsMouthOpensWithTheRecordsMouth) {
     for (int i = 0; i < 12; ++i) frame(closed);
     EXPECT_LT(node->getBlendShapeWeights()[MouthOpen], openWeight * 0.5f);
     EXPECT_LT(mouthPixels(picture(), mx0, my0, mx1, my1), after);
+}
+
+TEST_F(AnimojiNodeTest, TheHeadTurnsWithTheRecordsYawUpToItsLimit) {
+    ZuOgreAnimojiNode* node = loadCharacter("animoji");
+    ASSERT_NE(node, nullptr);
+    // Around the face (the photo has red elsewhere: the flag, the suit).
+    float minX = 1e9f, maxX = -1e9f;
+    for (int i = 0; i < 106; ++i) {
+        float x;
+        std::memcpy(&x, &closed[kPointsAt + i * 8], 4);
+        minX = std::min(minX, x), maxX = std::max(maxX, x);
+    }
+    const int x0 = static_cast<int>(minX) - 20, x1 = static_cast<int>(maxX) + 20;
+    // The mouth's red against the head's skin: where the lips sit across the
+    // head, in columns (0 when they face the camera).
+    auto mouthX = [&](const Bytes& p) {
+        double lips = 0, skin = 0;
+        int nLips = 0, nSkin = 0;
+        for (int y = 0; y < kSize; ++y)
+            for (int x = x0; x < x1; ++x) {
+                const uint8_t* c = &p[(static_cast<size_t>(y) * kSize + x) * 4];
+                if (c[0] > 120 && c[1] < 70 && c[2] < 80) lips += x, ++nLips;
+                if (c[0] > 170 && c[1] > 130 && c[2] > 90 && c[0] > c[2] + 40) skin += x, ++nSkin;
+            }
+        return nLips && nSkin ? lips / nLips - skin / nSkin : 1e9;
+    };
+    const double front = mouthX(picture());
+    ASSERT_LT(std::fabs(front), 4.0);
+    // A record that says the head is turned 50 degrees. The face jumps 30
+    // pixels to and fro (ending where it started): the tracker follows a
+    // pose only while the face moves.
+    Bytes turned = closed;
+    float yaw = 50.0f;
+    std::memcpy(&turned[8], &yaw, 4);
+    for (int i = 0; i < 30; ++i) {
+        for (int p = 0; p < 106; ++p) {
+            float x;
+            std::memcpy(&x, &turned[kPointsAt + p * 8], 4);
+            x += (i & 1) ? 30.0f : -30.0f;
+            std::memcpy(&turned[kPointsAt + p * 8], &x, 4);
+        }
+        frame(turned);
+    }
+    // Clamped to 35 degrees; the bone of weight 100 turns the whole head,
+    // which carries the mouth off the middle of the head.
+    EXPECT_FLOAT_EQ(node->getYaw(), 35.0f);
+    const double across = mouthX(picture());
+    EXPECT_GT(std::fabs(across - front), 5.0) << across << " " << front;
 }
 
 TEST_F(AnimojiNodeTest, WithoutAFaceTheCharacterIsNeutralAndTheMorphBufferEmpty) {

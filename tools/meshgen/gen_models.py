@@ -264,8 +264,8 @@ def write_figure(out):
 
 
 def write_big(path, megabytes):
-    # 32 bytes a vertex plus 6 index bytes each: pick the grid to fit.
-    n = int(math.sqrt(megabytes * 1024 * 1024 / 38))
+    # About n x n vertices of 32 bytes and 6 n x n 32-bit indices: 56 n x n bytes.
+    n = int(math.sqrt(megabytes * 1024 * 1024 / 56))
     verts, idx = head_geometry(n, n)
     mesh = {"submeshes": [{
         "material": "big", "indices": idx, "idx32": True, "vertex_count": len(verts),
