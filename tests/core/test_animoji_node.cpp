@@ -213,28 +213,31 @@ TEST_F(AnimojiNodeTest, TheHeadTurnsWithTheRecordsYawUpToItsLimit) {
             }
         return nLips && nSkin ? lips / nLips - skin / nSkin : 1e9;
     };
-    const double front = mouthX(picture());
-    ASSERT_LT(std::fabs(front), 4.0);
-    // A record that says the head is turned 50 degrees. The face jumps 30
-    // pixels to and fro (ending where it started): the tracker follows a
-    // pose only while the face moves.
-    Bytes turned = closed;
-    float yaw = 50.0f;
-    std::memcpy(&turned[8], &yaw, 4);
-    for (int i = 0; i < 30; ++i) {
-        for (int p = 0; p < 106; ++p) {
-            float x;
-            std::memcpy(&x, &turned[kPointsAt + p * 8], 4);
-            x += (i & 1) ? 30.0f : -30.0f;
-            std::memcpy(&turned[kPointsAt + p * 8], &x, 4);
+    // Records that say the head is turned 50 degrees one way, then the other.
+    // The face jumps 30 pixels to and fro (ending where it started): the
+    // tracker follows a pose only while the face moves.
+    auto turn = [&](float yaw) {
+        Bytes turned = closed;
+        std::memcpy(&turned[8], &yaw, 4);
+        for (int i = 0; i < 30; ++i) {
+            for (int p = 0; p < 106; ++p) {
+                float x;
+                std::memcpy(&x, &turned[kPointsAt + p * 8], 4);
+                x += (i & 1) ? 30.0f : -30.0f;
+                std::memcpy(&turned[kPointsAt + p * 8], &x, 4);
+            }
+            frame(turned);
         }
-        frame(turned);
-    }
-    // Clamped to 35 degrees; the bone of weight 100 turns the whole head,
-    // which carries the mouth off the middle of the head.
+        return mouthX(picture());
+    };
+    const double left = turn(50.0f);
+    // Clamped to 35 degrees; the bone of weight 100 turns the whole head.
     EXPECT_FLOAT_EQ(node->getYaw(), 35.0f);
-    const double across = mouthX(picture());
-    EXPECT_GT(std::fabs(across - front), 5.0) << across << " " << front;
+    const double right = turn(-50.0f);
+    EXPECT_FLOAT_EQ(node->getYaw(), -35.0f);
+    // The lips cross the head from one side of its middle to the other.
+    EXPECT_GT(std::fabs(left - right), 8.0) << left << " " << right;
+    EXPECT_LT(left * right, 0.0) << left << " " << right;
 }
 
 TEST_F(AnimojiNodeTest, WithoutAFaceTheCharacterIsNeutralAndTheMorphBufferEmpty) {
