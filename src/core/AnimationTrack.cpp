@@ -54,7 +54,9 @@ float AnimationTrack::getKeyFramesAtTime(const TimeIndex& timeIndex, KeyFrame** 
     }
     float t1, t2;
     if (position >= frames.size()) {
-        // Past the last frame: towards the first one, across the end.
+        // Past the last frame: towards the first one, across the end, the
+        // first frame's time counted from the length. Frames at 0 and 1 of a
+        // length-2 animation give a factor of 0.5 at 1.5: (1.5 - 1) / (2 - 1).
         *k2 = frames.front().get();
         t2 = length + (*k2)->getTime();
         position = frames.size() - 1;
