@@ -225,6 +225,32 @@ TEST(ModelFileSkeleton, SparseHandlesLeaveEmptySlotsAndTheLaterOfTwoNamesWins) {
     EXPECT_NE(skel.getBone(static_cast<uint16_t>(1)), nullptr);
 }
 
+TEST(ModelFileSkeleton, AFileStartingWith1000IsReadWithEveryValueSwapped) {
+    // Big-endian by hand: header 10 00, one bone chunk (id 0x2000, length 48
+    // so with a scale), handle 7, position (1, 2, 3), orientation (0, 0, 0, 1),
+    // scale (2, 2, 2).
+    auto be16 = [](uint16_t v) { return std::string{static_cast<char>(v >> 8), static_cast<char>(v & 0xFF)}; };
+    auto be32 = [](uint32_t v) {
+        return std::string{static_cast<char>(v >> 24), static_cast<char>((v >> 16) & 0xFF),
+                           static_cast<char>((v >> 8) & 0xFF), static_cast<char>(v & 0xFF)};
+    };
+    auto bef = [&](float f) {
+        uint32_t u;
+        std::memcpy(&u, &f, 4);
+        return be32(u);
+    };
+    std::string file = be16(0x1000) + "[Serializer_v1.10]\n" + be16(0x2000) + be32(48) + "Neck\n" + be16(7);
+    for (float f : {1.0f, 2.0f, 3.0f, 0.0f, 0.0f, 0.0f, 1.0f, 2.0f, 2.0f, 2.0f}) file += bef(f);
+    Skeleton skel;
+    ASSERT_TRUE(readSkeleton(file, &skel));
+    Bone* bone = skel.getBone("Neck");
+    ASSERT_NE(bone, nullptr);
+    EXPECT_EQ(bone->getHandle(), 7);
+    EXPECT_EQ(bone->getPosition(), ZuVec3(1, 2, 3));
+    EXPECT_EQ(bone->getOrientation().w, 1.0f);
+    EXPECT_EQ(bone->getScale(), ZuVec3(2, 2, 2));
+}
+
 TEST(ModelFileRefusals, EveryTruncationOfBothFilesIsRefusedOrReadWithinTheBuffer) {
     std::string mesh = slurp(dataDir() + "figure.mesh");
     std::string skeleton = slurp(dataDir() + "figure.skeleton");
