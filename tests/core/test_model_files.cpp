@@ -168,7 +168,9 @@ TEST_F(FigureFiles, SkeletonLinkLoadsBonesHierarchyAndKeyFramesExactly) {
         EXPECT_EQ(bone->getOrientation().z, f(bones[b][3][2]));
         EXPECT_EQ(bone->getOrientation().w, f(bones[b][3][3]));
         // A bone chunk of length 36 has no scale and keeps (1, 1, 1).
-        if (bones[b][4].IsNull()) EXPECT_EQ(bone->getScale(), ZuVec3(1, 1, 1));
+        if (bones[b][4].IsNull()) {
+            EXPECT_EQ(bone->getScale(), ZuVec3(1, 1, 1));
+        }
     }
     // Parents came child-first in the file.
     EXPECT_EQ(skel->getBone("Arm")->getParent(), skel->getBone("Body"));
