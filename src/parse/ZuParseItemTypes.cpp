@@ -6,6 +6,7 @@
 #include "parse/ZuParseFaceBeautify.h"
 #include "parse/ZuParseMask.h"
 #include "parse/ZuParseMgr.h"
+#include "parse/ZuParseOgreAnimoji.h"
 #include "parse/ZuParseParticle.h"
 #include "parse/ZuParseSound.h"
 #include "parse/ZuParseSwapFace.h"
@@ -31,4 +32,5 @@ void registerBuiltinItemTypes(ZuParseMgr* mgr, const CfgFilter& filter) {
     mgr->registDictionary("morph", ZuParseMorph::parseMorph);
     mgr->registDictionary("faceMorph", ZuParseFaceMorph::parseFaceMorph);
     mgr->registDictionary("distortion", ZuParseDistortion::parseDistortion);
+    mgr->registDictionary("ogreAnimoji", ZuParseOgreAnimoji::parseOgreAnimoji);
 }

@@ -52,6 +52,7 @@
 #include "node/mask/ZuCoverMaskNode.h"
 #include "node/mask/ZuHeadNode.h"
 #include "node/mask/ZuStencilNode.h"
+#include "core/ZuOgreAnimojiNode.h"
 #include "scene/ZuNodeCreator.h"
 #include "scene/ZuScene.h"
 #include "scene/ZuTimeOutNode.h"
@@ -93,6 +94,7 @@ void registerBuiltinNodeTypes(ZuNodeCreator* creator) {
     creator->registCreateFunc("ZuDataOutputScaleTexNode", zuCreateNodeOfType<ZuDataOutputScaleTexNode>);
     creator->registCreateFunc("ZuIconNode", zuCreateNodeOfType<ZuIconNode>);
     creator->registCreateFunc("ZuSoundNode", zuCreateNodeOfType<ZuSoundNode>);
+    creator->registCreateFunc("ZuOgreAnimojiNode", zuCreateNodeOfType<ZuOgreAnimojiNode>);
     creator->registCreateFunc("ZuAniFrameNode", zuCreateNodeOfType<ZuAniFrameNode>);
     creator->registCreateFunc("ZuSpriteNode", zuCreateNodeOfType<ZuSpriteNode>);
     creator->registCreateFunc("ZuBitFontNode", zuCreateNodeOfType<ZuBitFontNode>);

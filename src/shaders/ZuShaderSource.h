@@ -124,3 +124,7 @@ extern const char* const sf_animateSpine;
 extern const char* const sf_spineMask;
 extern const char* const sv_texHead;
 extern const char* const sf_texHead;
+// Characters: skinned and morphed, lit (ZuShaderModel.cpp).
+extern const char* const sv_skinMorphAnimation2;
+extern const char* const sv_skinMorphAnimation;
+extern const char* const sf_litModel;

@@ -105,6 +105,9 @@ const Row kRows[] = {
     {"animateSpine", sv_animateSpine, sf_animateSpine},
     {"spineMask", sv_animateSpine, sf_spineMask},
     {"texHead", sv_texHead, sf_texHead},
+    // Characters.
+    {"skin_morph_animation2", sv_skinMorphAnimation2, sf_litModel},
+    {"skin_morph_animation", sv_skinMorphAnimation, sf_litModel},
 };
 
 qz::map<qz::string, cfgShader::Sources>* buildTable() {
