@@ -7,28 +7,15 @@
 // look alone; with smoothing, whitening and a look; with the run-time curve
 // look. The GL is Mesa's software rasteriser, so the figures are CPU
 // milliseconds: compare configurations with each other, not with a phone.
-#include "basesys/ZuAppMain.h"
-#include "basesys/ZuAppNative.h"
-#include "basesys/ZuConfig.h"
-#include "basesys/ZuGlobalMgr.h"
+#include "BenchScene.h"
 #include "node/filter/ZuBeauFilterNode.h"
 #include "node/filter/ZuFilterNode.h"
-#include "platform/ZuHeadlessContext.h"
-#include "platform/ZuLog.h"
 #include "render/texture/ZuTexture.h"
-#include "scene/ZuNodeCreator.h"
-#include "scene/ZuNodeMgr.h"
-#include "scene/ZuScene.h"
-#include "scene/ZuSceneMgr.h"
 
-#include <GLES3/gl3.h>
 #include <benchmark/benchmark.h>
 
 #include <chrono>
-#include <cstdio>
-#include <cstdlib>
 #include <thread>
-#include <vector>
 
 namespace {
 
@@ -38,88 +25,34 @@ const char* const kLabels[kPassesCount] = {"camera path alone", "+ smoothing/whi
                                            "+ smoothing/whitening, quality 1", "+ look (64-level cube)",
                                            "+ smoothing q6 + look", "+ run-time curve look"};
 
-const char* const kScene = "bench";
-
+// The bench scene with the configuration's passes on it.
 class CameraFrame {
 public:
-    CameraFrame(int width, int height, Passes passes) : width(width), height(height) {
-        if (!ZuHeadlessContext::instance().makeCurrent(3)) {
-            fprintf(stderr, "headless GL unavailable: %s\n", ZuHeadlessContext::instance().error().c_str());
-            std::exit(1);
-        }
-        ZuLog::setLevel(ZU_LOG_WARN);
-        app = new ZuAppMain();
-        app->init();
-        app->addRespath(QZ_BENCH_ASSETS);
-        app->initZuBase();
-        ZuConfig* config = app->getGlobalMgr()->getConfig();
-        config->glversion = 0x30000;
-        config->faceBeautyType = passes == kSmoothLowest ? 1 : 6;
-        Camera* camera = config->getCamera(kScene);
-        camera->width = width;
-        camera->height = height;
-        camera->angle = 0;
-
-        ZuAppNative* native = app->getAppInter();
-        native->createLogicSceneFull(kScene, width, height, width, height);
-        native->createBGNode(kScene, 1); // NV21
-        native->setOutSteamFormate(kScene, 1, true, false);
-        // The set-up operations (camera format among them) run in this tick,
-        // before the first frame is pushed.
-        app->update();
-        app->directrender("");
-        nv21.assign(static_cast<size_t>(width) * height * 3 / 2, 128);
-        for (int y = 0; y < height; ++y)
-            for (int x = 0; x < width; ++x) nv21[static_cast<size_t>(y) * width + x] = static_cast<uint8_t>((x ^ y) & 0xFF);
-        output.resize(static_cast<size_t>(width) * height * 4);
-        frame();
-
-        if (passes == kSmoothDefault || passes == kSmoothLowest || passes == kSmoothAndLook) add("ZuFaceBuffingWhiteNode", "skin");
+    CameraFrame(int width, int height, Passes passes)
+        : scene({width, height, -1, passes == kSmoothLowest ? 1 : 6, false, {QZ_BENCH_ASSETS}}) {
+        scene.frame();
+        if (passes == kSmoothDefault || passes == kSmoothLowest || passes == kSmoothAndLook)
+            scene.add("ZuFaceBuffingWhiteNode", "skin");
         if (passes == kLook || passes == kSmoothAndLook) {
-            auto* look = dynamic_cast<ZuBeauFilterNode*>(add("ZuBeauFilterNode", "look"));
-            if (look) {
+            if (auto* look = dynamic_cast<ZuBeauFilterNode*>(scene.add("ZuBeauFilterNode", "look"))) {
                 look->setFilterType(ZUBEAUFILTER_SNOW);
                 for (int i = 0; i < 1000 && !look->getFilterTex(0)->getbLoad(); ++i) {
-                    frame();
+                    scene.frame();
                     std::this_thread::sleep_for(std::chrono::milliseconds(5));
                 }
             }
         }
         if (passes == kCurves) {
-            if (auto* curves = dynamic_cast<ZuFilterNode*>(add("ZuFilterNode", "curves")))
+            if (auto* curves = dynamic_cast<ZuFilterNode*>(scene.add("ZuFilterNode", "curves")))
                 curves->setFilterType(ZU_FILTER_GATHER_MOON);
         }
         // Programs linked, textures committed, pixel buffers in use.
-        for (int i = 0; i < 3; ++i) frame();
+        for (int i = 0; i < 3; ++i) scene.frame();
     }
-    ~CameraFrame() {
-        app->setState("bench", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
-    }
-
-    void frame() {
-        ZuAppNative* native = app->getAppInter();
-        native->pushCameraData(kScene, nv21.data(), static_cast<int>(nv21.size()));
-        app->update();
-        app->directrender("");
-        native->fetchRenderData(kScene, output.data());
-        glFinish();
-    }
+    void frame() { scene.frame(); }
 
 private:
-    ZuNode* add(const char* type, const char* name) {
-        ZuNode* node = app->getGlobalMgr()->getNodeMgr()->getCreator()->createNode(type, kScene, name);
-        ZuScene* scene = app->getGlobalMgr()->getSceneMgr()->getScene(kScene);
-        if (node && scene) scene->addChild(node);
-        return node;
-    }
-
-    int width, height;
-    ZuAppMain* app = nullptr;
-    std::vector<uint8_t> nv21;
-    std::vector<uint8_t> output;
+    BenchScene scene;
 };
 
 void BM_CameraFrame(benchmark::State& state) {

@@ -3,27 +3,15 @@
 // camera path in the same run: NV21 in, the scene drawn, RGBA read back
 // (glFinish included). And the triangulation behind the face meshes: 400
 // points, median of repeated runs.
-#include "basesys/Camera.h"
-#include "basesys/ZuAppMain.h"
-#include "basesys/ZuAppNative.h"
-#include "basesys/ZuConfig.h"
-#include "basesys/ZuGlobalMgr.h"
+#include "BenchScene.h"
 #include "basesys/ZuRandom.h"
-#include "data/DETECTTYPE.h"
 #include "node/mask/Zu2DFaceMaskNode.h"
 #include "node/mask/ZuMaterialFace2d.h"
 #include "node/mask/ZuSwapFaceNode.h"
 #include "node/morph/ZuSmallFaceWarpNode.h"
-#include "platform/ZuHeadlessContext.h"
-#include "platform/ZuLog.h"
 #include "render/math/DelaunayTriangle.h"
 #include "render/texture/ZuTexMgr.h"
-#include "scene/ZuNodeCreator.h"
-#include "scene/ZuNodeMgr.h"
-#include "scene/ZuScene.h"
-#include "scene/ZuSceneMgr.h"
 
-#include <GLES3/gl3.h>
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -39,7 +27,6 @@ namespace {
 enum Work { kCameraOnly, kMasks, kSwap, kMasksAndSwap, kSmallFaces, kWorkCount };
 const char* const kLabels[kWorkCount] = {"camera path alone", "+ 2D mask on 4 faces", "+ face swap (persons 1, 2)",
                                          "+ masks and swap", "+ small-face warp on 4 faces"};
-const char* const kScene = "bench";
 const int kW = 720, kH = 1280;
 
 std::vector<uint8_t> readFile(const std::string& path) {
@@ -70,44 +57,21 @@ std::vector<uint8_t> fourFaces() {
     return out;
 }
 
+// The bench scene with four tracked faces and the run's nodes on it.
 class MaskFrame {
 public:
-    explicit MaskFrame(Work work) {
-        if (!ZuHeadlessContext::instance().makeCurrent(3)) {
-            fprintf(stderr, "headless GL unavailable: %s\n", ZuHeadlessContext::instance().error().c_str());
-            std::exit(1);
-        }
-        ZuLog::setLevel(ZU_LOG_WARN);
-        app = new ZuAppMain();
-        app->init();
-        app->addRespath(QZ_BENCH_ASSETS);
-        app->addRespath(QZ_BENCH_SAMPLES);
-        app->initZuBase();
-        Camera* camera = app->getGlobalMgr()->getConfig()->getCamera(kScene);
-        camera->width = kW;
-        camera->height = kH;
-        camera->angle = 0;
-        ZuAppNative* native = app->getAppInter();
-        native->createLogicSceneFull(kScene, kW, kH, kW, kH);
-        native->createBGNode(kScene, 1); // NV21
-        native->setOutSteamFormate(kScene, 1, true, false);
-        native->setDetectType(DETECTTYPE_ST);
-        app->update();
-        app->directrender("");
-        nv21.assign(static_cast<size_t>(kW) * kH * 3 / 2, 128);
-        for (int y = 0; y < kH; ++y)
-            for (int x = 0; x < kW; ++x) nv21[static_cast<size_t>(y) * kW + x] = static_cast<uint8_t>((x ^ y) & 0xFF);
-        output.resize(static_cast<size_t>(kW) * kH * 4);
-        record = fourFaces();
-        frame();
-        frame();
+    explicit MaskFrame(Work work)
+        : scene({kW, kH, DETECTTYPE_ST, 0, false, {QZ_BENCH_ASSETS, QZ_BENCH_SAMPLES}}) {
+        scene.record = fourFaces();
+        scene.frame();
+        scene.frame();
         if (work == kMasks || work == kMasksAndSwap) {
-            ZuTexture* picture = app->getGlobalMgr()->getTexMgr()->getTextureSync("packages/mask_2d/carnival.png");
+            ZuTexture* picture = scene.app->getGlobalMgr()->getTexMgr()->getTextureSync("packages/mask_2d/carnival.png");
             for (int person = 1; person <= 4; ++person) {
                 auto* mask = dynamic_cast<Zu2DFaceMaskNode*>(add("Zu2DFaceMaskSTNode", person));
                 if (!mask) continue;
                 mask->initMesh(FACEMASK2D_FULL);
-                auto* material = new ZuMaterialFace2d(app);
+                auto* material = new ZuMaterialFace2d(scene.app);
                 material->init();
                 material->setMaskTexture(picture);
                 mask->setMaterial(material);
@@ -121,7 +85,7 @@ public:
         if (work == kSmallFaces)
             for (int person = 1; person <= 4; ++person)
                 warps.push_back(dynamic_cast<ZuSmallFaceWarpNode*>(add("ZuSmallFaceNode", person)));
-        for (int i = 0; i < 3; ++i) frame();
+        for (int i = 0; i < 3; ++i) scene.frame();
     }
     // Every node of the run draws: all four faces tracked.
     bool drawing() const {
@@ -131,35 +95,15 @@ public:
             if (!warp || !warp->isWarping()) return false;
         return !swap || swap->isSwapping();
     }
-    ~MaskFrame() {
-        app->setState("bench", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
-    }
-    void frame() {
-        ZuAppNative* native = app->getAppInter();
-        native->pushCameraData(kScene, nv21.data(), static_cast<int>(nv21.size()));
-        native->setDetectData(kScene, record.data(), static_cast<int>(record.size()));
-        app->update();
-        app->directrender("");
-        native->fetchRenderData(kScene, output.data());
-        glFinish();
-    }
+    void frame() { scene.frame(); }
 
 private:
     ZuNode* add(const char* type, int person) {
         const std::string name = std::string(type) + std::to_string(person);
-        ZuNode* node = app->getGlobalMgr()->getNodeMgr()->getCreator()->createNode(type, kScene, name.c_str());
-        ZuScene* scene = app->getGlobalMgr()->getSceneMgr()->getScene(kScene);
-        if (!node || !scene) return nullptr;
-        node->setpersonID(person);
-        scene->addChild(node);
-        return node;
+        return scene.add(type, name.c_str(), person);
     }
 
-    ZuAppMain* app = nullptr;
-    std::vector<uint8_t> nv21, output, record;
+    BenchScene scene;
     std::vector<Zu2DFaceMaskNode*> masks;
     std::vector<ZuSmallFaceWarpNode*> warps;
     ZuSwapFaceNode* swap = nullptr;

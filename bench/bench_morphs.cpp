@@ -6,24 +6,12 @@
 // stacks: the slim warp, big eyes (two lenses) and the landmark slimming.
 // The GL is Mesa's software rasteriser, so the figures are CPU
 // milliseconds: compare configurations with each other, not with a phone.
-#include "basesys/ZuAppMain.h"
-#include "basesys/ZuAppNative.h"
-#include "basesys/ZuConfig.h"
-#include "basesys/ZuGlobalMgr.h"
-#include "data/DETECTTYPE.h"
+#include "BenchScene.h"
 #include "node/beauty/ZuBeautyNode.h"
 #include "node/morph/ZuCircleDistortionNode.h"
 #include "node/morph/ZuEllipseDistortionNode.h"
 #include "node/morph/ZuFaceMorphNode.h"
 #include "node/morph/ZuFaceNewMorphNode.h"
-#include "platform/ZuHeadlessContext.h"
-#include "platform/ZuLog.h"
-#include "scene/ZuNodeCreator.h"
-#include "scene/ZuNodeMgr.h"
-#include "scene/ZuScene.h"
-#include "scene/ZuSceneMgr.h"
-
-#include <GLES3/gl3.h>
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -44,45 +32,18 @@ const char* const kLabels[kPassesCount] = {
     "+ bear face (grid)", "+ bear fat pointy (grid)", "+ slim warp", "+ landmark slim",
     "+ round lens", "+ oval lens", "+ typical package: slim, 2 eye lenses, landmark slim"};
 
-const char* const kScene = "bench";
-
+// The bench scene with the AS record of the sample portrait and the
+// configuration's passes on it.
 class FaceFrame {
 public:
-    FaceFrame(int width, int height, Passes passes) {
-        if (!ZuHeadlessContext::instance().makeCurrent(3)) {
-            fprintf(stderr, "headless GL unavailable: %s\n", ZuHeadlessContext::instance().error().c_str());
-            std::exit(1);
-        }
-        ZuLog::setLevel(ZU_LOG_ERROR);
+    FaceFrame(int width, int height, Passes passes)
+        : scene({width, height, DETECTTYPE_AS, 6, false, {QZ_BENCH_ASSETS}}) {
         std::ifstream in(QZ_BENCH_SAMPLES "faces/astronaut.as.rec", std::ios::binary);
-        record.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-        if (record.empty()) {
+        scene.record.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+        if (scene.record.empty()) {
             fprintf(stderr, "no face record under %s\n", QZ_BENCH_SAMPLES);
             std::exit(1);
         }
-        app = new ZuAppMain();
-        app->init();
-        app->addRespath(QZ_BENCH_ASSETS);
-        app->initZuBase();
-        ZuConfig* config = app->getGlobalMgr()->getConfig();
-        config->glversion = 0x30000;
-        config->faceBeautyType = 6;
-        Camera* camera = config->getCamera(kScene);
-        camera->width = width;
-        camera->height = height;
-        camera->angle = 0;
-        ZuAppNative* native = app->getAppInter();
-        native->createLogicSceneFull(kScene, width, height, width, height);
-        native->createBGNode(kScene, 1);  // NV21
-        native->setOutSteamFormate(kScene, 1, true, false);
-        native->setDetectType(DETECTTYPE_AS);
-        app->update();
-        app->directrender("");
-        nv21.assign(static_cast<size_t>(width) * height * 3 / 2, 128);
-        for (int y = 0; y < height; ++y)
-            for (int x = 0; x < width; ++x)
-                nv21[static_cast<size_t>(y) * width + x] = static_cast<uint8_t>((x ^ y) & 0xFF);
-        output.resize(static_cast<size_t>(width) * height * 4);
         frame();
 
         switch (passes) {
@@ -113,30 +74,10 @@ public:
         }
         for (int i = 0; i < 3; ++i) frame();
     }
-    ~FaceFrame() {
-        app->setState("bench", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
-    }
-
-    void frame() {
-        ZuAppNative* native = app->getAppInter();
-        native->pushCameraData(kScene, nv21.data(), static_cast<int>(nv21.size()));
-        native->setDetectData(kScene, record.data(), static_cast<int>(record.size()));
-        app->update();
-        app->directrender("");
-        native->fetchRenderData(kScene, output.data());
-        glFinish();
-    }
+    void frame() { scene.frame(); }
 
 private:
-    ZuNode* add(const char* type, const char* name) {
-        ZuNode* node = app->getGlobalMgr()->getNodeMgr()->getCreator()->createNode(type, kScene, name);
-        ZuScene* scene = app->getGlobalMgr()->getSceneMgr()->getScene(kScene);
-        if (node && scene) scene->addChild(node);
-        return node;
-    }
+    ZuNode* add(const char* type, const char* name) { return scene.add(type, name); }
     void morph(const char* type) { add(type, "shape"); }
     void slimWarp() {
         if (auto* warp = dynamic_cast<ZuBeautyNode*>(add("ZuBeautyNode", "slim"))) {
@@ -160,8 +101,7 @@ private:
         }
     }
 
-    ZuAppMain* app = nullptr;
-    std::vector<uint8_t> nv21, output, record;
+    BenchScene scene;
 };
 
 void BM_FaceShape(benchmark::State& state) {

@@ -10,21 +10,8 @@
 // pass, which draws only while a face is in the picture, does its work. The
 // GL is Mesa's software rasteriser: CPU milliseconds, to compare passes
 // with each other, not with a phone.
-#include "basesys/Camera.h"
-#include "basesys/ZuAppMain.h"
-#include "basesys/ZuAppNative.h"
-#include "basesys/ZuConfig.h"
-#include "basesys/ZuGlobalMgr.h"
-#include "data/DETECTTYPE.h"
-#include "platform/ZuHeadlessContext.h"
-#include "platform/ZuLog.h"
-#include "scene/ZuNode.h"
-#include "scene/ZuNodeCreator.h"
-#include "scene/ZuNodeMgr.h"
-#include "scene/ZuScene.h"
-#include "scene/ZuSceneMgr.h"
+#include "BenchScene.h"
 
-#include <GLES3/gl3.h>
 #include <benchmark/benchmark.h>
 
 #include <chrono>
@@ -47,86 +34,44 @@ const Pass kPasses[] = {
     {"ZuShakeFilterNode", "offset copy"},
 };
 const int kPassCount = sizeof(kPasses) / sizeof(kPasses[0]);
-const char* const kScene = "bench";
 const int kWidth = 720, kHeight = 1280;
 
 double millisSince(std::chrono::steady_clock::time_point begin) {
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
 }
 
+// The bench scene with one face in the picture and the pass on it.
 class StyleFrame {
 public:
-    explicit StyleFrame(const Pass& pass) {
-        if (!ZuHeadlessContext::instance().makeCurrent(3)) {
-            fprintf(stderr, "headless GL unavailable: %s\n", ZuHeadlessContext::instance().error().c_str());
-            std::exit(1);
-        }
-        ZuLog::setLevel(ZU_LOG_WARN);
-        app = new ZuAppMain();
-        app->init();
-        app->addRespath(QZ_BENCH_ASSETS);
-        app->initZuBase();
-        ZuConfig* config = app->getGlobalMgr()->getConfig();
-        config->glversion = 0x30000;
-        for (const char* name : {kScene, ZuConfig::kDefaultCamera}) {
-            Camera* camera = config->getCamera(name);
-            camera->width = kWidth;
-            camera->height = kHeight;
-            camera->angle = 0;
-        }
-        ZuAppNative* native = app->getAppInter();
-        native->createLogicSceneFull(kScene, kWidth, kHeight, kWidth, kHeight);
-        native->createBGNode(kScene, 1); // NV21
-        native->setOutSteamFormate(kScene, 1, true, false);
-        native->setDetectType(DETECTTYPE_FP);
-        app->update();
-        app->directrender("");
-        nv21.assign(static_cast<size_t>(kWidth) * kHeight * 3 / 2, 128);
+    explicit StyleFrame(const Pass& pass)
+        : scene({kWidth, kHeight, DETECTTYPE_FP, 0, true, {QZ_BENCH_ASSETS}}) {
+        // Squares, so the edge passes find edges to draw.
         for (int y = 0; y < kHeight; ++y)
             for (int x = 0; x < kWidth; ++x)
-                nv21[static_cast<size_t>(y) * kWidth + x] = static_cast<uint8_t>(((x / 40 + y / 40) % 2) ? 200 : 60);
-        output.resize(static_cast<size_t>(kWidth) * kHeight * 4);
-        faceRecord();
-        frame();
-
-        node = app->getGlobalMgr()->getNodeMgr()->getCreator()->createNode(pass.type, kScene, "style");
-        ZuScene* scene = app->getGlobalMgr()->getSceneMgr()->getScene(kScene);
-        if (!node || !scene) {
+                scene.nv21[static_cast<size_t>(y) * kWidth + x] = static_cast<uint8_t>(((x / 40 + y / 40) % 2) ? 200 : 60);
+        scene.record = faceRecord();
+        scene.frame();
+        node = scene.add(pass.type, "style", 1);
+        if (!node) {
             fprintf(stderr, "no %s\n", pass.type);
             std::exit(1);
         }
-        node->setpersonID(1);
-        scene->addChild(node);
         // Programs linked, textures committed, pixel buffers in use.
-        for (int i = 0; i < 3; ++i) frame();
-    }
-    ~StyleFrame() {
-        app->setState("bench", ZU_ENG_STATE_STOPPING);
-        app->destroyZuBase();
-        app->destroy();
-        app->release();
+        for (int i = 0; i < 3; ++i) scene.frame();
     }
 
     double timedFrame(bool withPass) {
         node->setVisible(withPass);
         const auto begin = std::chrono::steady_clock::now();
-        frame();
+        scene.frame();
         return millisSince(begin);
     }
 
 private:
-    void frame() {
-        ZuAppNative* native = app->getAppInter();
-        native->pushCameraData(kScene, nv21.data(), static_cast<int>(nv21.size()));
-        native->setDetectData(kScene, record.data(), static_cast<int>(record.size()));
-        app->update();
-        app->directrender("");
-        native->fetchRenderData(kScene, output.data());
-        glFinish();
-    }
     // One FP face in the middle of the frame.
-    void faceRecord() {
-        auto put = [this](const void* v) {
+    static std::vector<uint8_t> faceRecord() {
+        std::vector<uint8_t> record;
+        auto put = [&record](const void* v) {
             const uint8_t* b = static_cast<const uint8_t*>(v);
             record.insert(record.end(), b, b + 4);
         };
@@ -141,13 +86,11 @@ private:
             put(&p[0]);
             put(&p[1]);
         }
+        return record;
     }
 
-    ZuAppMain* app = nullptr;
+    BenchScene scene;
     ZuNode* node = nullptr;
-    std::vector<uint8_t> nv21;
-    std::vector<uint8_t> output;
-    std::vector<uint8_t> record;
 };
 
 void BM_StylePass(benchmark::State& state) {
