@@ -273,13 +273,13 @@ def walker_skeleton():
 
 
 def _canvas_module():
-    import importlib.util
+    """The sticker-frame canvas of scripts/gen_sticker_frames.py."""
+    import importlib
     here = os.path.dirname(os.path.abspath(__file__))
-    path = os.path.join(here, "..", "..", "scripts", "gen_sticker_frames.py")
-    spec = importlib.util.spec_from_file_location("gen_sticker_frames", path)
-    module = importlib.util.module_from_spec(spec)
-    spec.loader.exec_module(module)
-    return module
+    scripts = os.path.normpath(os.path.join(here, "..", "..", "scripts"))
+    if scripts not in sys.path:
+        sys.path.insert(0, scripts)
+    return importlib.import_module("gen_sticker_frames")
 
 
 def heart_points(cx, cy, size, steps=72):
