@@ -75,7 +75,11 @@ void ZuAppMain::addRespath(const char* path) {
     if (globalMgr && globalMgr->getFileMgr()) globalMgr->getFileMgr()->addRespath(path);
 }
 
-void ZuAppMain::setClock(Clock newClock) { clock = newClock ? std::move(newClock) : Clock(systemClock); }
+void ZuAppMain::setClock(Clock newClock) {
+    clock = newClock ? std::move(newClock) : Clock(systemClock);
+    // Times of two clocks do not compare: the next frame starts afresh.
+    firstGetDert = true;
+}
 
 float ZuAppMain::_getDert() {
     if (firstGetDert.exchange(false)) {
@@ -86,7 +90,7 @@ float ZuAppMain::_getDert() {
     float delta = static_cast<float>(now.seconds - lastTime.seconds) * 1000.0f +
                   static_cast<float>(now.micros - lastTime.micros) * 0.001f;
     lastTime = now;
-    return delta;
+    return delta > 0.0f ? delta : 0.0f; // a clock set back does not run time backwards
 }
 
 void ZuAppMain::update() {

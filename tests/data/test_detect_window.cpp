@@ -10,6 +10,7 @@
 #include "data/ZuDetectMgr.h"
 #include "scene/ZuSceneMgr.h"
 #include "support/GLTest.h"
+#include "support/WireRecord.h"
 
 #include <cstring>
 #include <vector>
@@ -33,29 +34,8 @@ protected:
         app->destroy();
         app->release();
     }
-    // One FP face: head fields, then 106 float points all at (x, y).
-    static std::vector<uint8_t> record(int top, float x, float y) {
-        std::vector<uint8_t> out;
-        auto put = [&out](const void* v) {
-            const uint8_t* b = static_cast<const uint8_t*>(v);
-            out.insert(out.end(), b, b + 4); // the test host is little-endian like the wire
-        };
-        const int32_t count = 1, left = 1, right = 2, bottom = 3;
-        const float angle = 0.0f;
-        put(&count);
-        put(&angle);
-        put(&angle);
-        put(&angle);
-        put(&left);
-        put(&top);
-        put(&right);
-        put(&bottom);
-        for (int i = 0; i < 106; ++i) {
-            put(&x);
-            put(&y);
-        }
-        return out;
-    }
+    // One FP face with every point at (x, y).
+    static std::vector<uint8_t> record(int top, float x, float y) { return fpFaceRecord({}, {x, y}, {1, top, 2, 3}); }
     ZuAppMain* app = nullptr;
     ZuGlobalMgr* managers = nullptr;
 };

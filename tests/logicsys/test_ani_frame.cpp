@@ -41,6 +41,7 @@
 #include "support/EngineFixture.h"
 #include "support/LogCapture.h"
 #include "support/TempDir.h"
+#include "support/WireRecord.h"
 
 #include <rapidjson/document.h>
 
@@ -76,28 +77,9 @@ public:
 
 using Names = std::vector<std::string>;
 
-// One FP face record (camera pixels, y down): points not named sit at (32, 60).
-std::vector<uint8_t> fpRecord(int faces, const std::map<int, std::pair<float, float>>& points) {
-    std::vector<uint8_t> bytes;
-    auto put = [&bytes](const void* value) {
-        const uint8_t* b = static_cast<const uint8_t*>(value);
-        bytes.insert(bytes.end(), b, b + 4);
-    };
-    int32_t count = faces;
-    put(&count);
-    for (int f = 0; f < faces; ++f) {
-        float angles[3] = {0, 0, 0};
-        for (float& a : angles) put(&a);
-        int32_t rect[4] = {0, 0, kSize, kSize};
-        for (int32_t& r : rect) put(&r);
-        for (int i = 0; i < 106; ++i) {
-            auto it = points.find(i);
-            const std::pair<float, float> p = it != points.end() ? it->second : std::make_pair(32.0f, 60.0f);
-            put(&p.first);
-            put(&p.second);
-        }
-    }
-    return bytes;
+// FP records of this scene: points not named sit at (32, 60).
+std::vector<uint8_t> fpRecord(int faces, const LandmarkMap& points) {
+    return fpFaceRecord(points, {32.0f, 60.0f}, {0, 0, kSize, kSize}, faces);
 }
 
 class AniFrameTest : public EngineTest {

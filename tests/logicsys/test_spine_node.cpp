@@ -42,6 +42,7 @@
 #include "support/EngineFixture.h"
 #include "support/LogCapture.h"
 #include "support/TempDir.h"
+#include "support/WireRecord.h"
 
 #include <rapidjson/document.h>
 
@@ -88,28 +89,9 @@ public:
 
 using Names = std::vector<std::string>;
 
-// One FP face record (camera pixels, y down): points not named sit at (64, 100).
-std::vector<uint8_t> fpRecord(const std::map<int, std::pair<float, float>>& points, int faces = 1) {
-    std::vector<uint8_t> bytes;
-    auto put = [&bytes](const void* value) {
-        const uint8_t* b = static_cast<const uint8_t*>(value);
-        bytes.insert(bytes.end(), b, b + 4);
-    };
-    int32_t count = faces;
-    put(&count);
-    for (int f = 0; f < faces; ++f) {
-        float angles[3] = {0, 0, 0};
-        for (float& a : angles) put(&a);
-        int32_t rect[4] = {0, 0, kSize, kSize};
-        for (int32_t& r : rect) put(&r);
-        for (int i = 0; i < 106; ++i) {
-            auto it = points.find(i);
-            const std::pair<float, float> p = it != points.end() ? it->second : std::make_pair(64.0f, 100.0f);
-            put(&p.first);
-            put(&p.second);
-        }
-    }
-    return bytes;
+// FP records of this scene: points not named sit at (64, 100).
+std::vector<uint8_t> fpRecord(const LandmarkMap& points, int faces = 1) {
+    return fpFaceRecord(points, {64.0f, 100.0f}, {0, 0, kSize, kSize}, faces);
 }
 
 // A page description in the atlas format, one 8 x 8 region filling the page.

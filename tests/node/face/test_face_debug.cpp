@@ -21,6 +21,7 @@
 #include "scene/ZuSceneMgr.h"
 #include "support/EngineFixture.h"
 #include "support/LogCapture.h"
+#include "support/WireRecord.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -31,26 +32,9 @@ namespace {
 
 const int kSize = 64; // camera, window and scene
 
-// An FP record of one face (camera pixels, y down), little-endian as the
-// tracker sends it: a rectangle, and landmarks on one spot but for a few.
-std::vector<uint8_t> fpRecord(const int32_t (&rect)[4], const std::map<int, std::pair<float, float>>& points) {
-    std::vector<uint8_t> bytes;
-    auto put = [&bytes](const void* value) {
-        const uint8_t* b = static_cast<const uint8_t*>(value);
-        bytes.insert(bytes.end(), b, b + 4); // the test hosts are little-endian like the phones
-    };
-    int32_t count = 1;
-    put(&count);
-    float angles[3] = {0, 0, 0};
-    for (float& a : angles) put(&a);
-    for (const int32_t& r : rect) put(&r);
-    for (int i = 0; i < 106; ++i) {
-        auto it = points.find(i);
-        const std::pair<float, float> p = it != points.end() ? it->second : std::make_pair(32.0f, 60.0f);
-        put(&p.first);
-        put(&p.second);
-    }
-    return bytes;
+// One FP face: a rectangle, and landmarks on one spot but for a few.
+std::vector<uint8_t> fpRecord(const std::array<int32_t, 4>& rect, const LandmarkMap& points) {
+    return fpFaceRecord(points, {32.0f, 60.0f}, rect);
 }
 
 // An FP record whose 106 landmarks are spread over a few spots in turn.
