@@ -24,8 +24,8 @@
 #include "scene/ZuNodeMgr.h"
 #include "scene/ZuScene.h"
 #include "scene/ZuSceneMgr.h"
-#include "support/EngineFixture.h"
 #include "support/LogCapture.h"
+#include "support/PhotoSceneFixture.h"
 
 #include <rapidjson/document.h>
 
@@ -41,16 +41,13 @@
 
 namespace {
 
-using Bytes = std::vector<uint8_t>;
-
-const int kSize = 512;  // the photo, the camera and the scene
-const char* const kScene = "s";
-const int kResUID = 5;
-
-Bytes readFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return Bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-}
+// The photo, the camera and the scene are all kSize square.
+using photoscene::Bytes;
+using photoscene::kResUID;
+using photoscene::kScene;
+using photoscene::kSize;
+using photoscene::luma;
+using photoscene::readFile;
 
 // ------------------------------------------------------------ the picture
 
@@ -200,11 +197,6 @@ void softenReference(const Picture& source, double imageW, double imageH, double
 
 // ---------------------------------------------------------------- measures
 
-double luma(const Bytes& rgba, int x, int y) {
-    const uint8_t* p = &rgba[(static_cast<size_t>(y) * kSize + x) * 4];
-    return 0.299 * p[0] + 0.587 * p[1] + 0.114 * p[2];
-}
-
 struct Box {
     int x0, y0, x1, y1;  // inclusive, engine pixels (y up)
 };
@@ -282,47 +274,14 @@ struct Landmarks {
     }
 };
 
-class BeautyPhotoTest : public EngineTest {
+class BeautyPhotoTest : public photoscene::PhotoSceneFixture {
 protected:
-    std::vector<std::string> resourceRoots() const override { return {QZ_SOURCE_DIR "/samples/packages/"}; }
-    void SetUp() override {
-        EngineTest::SetUp();
-        config = app->getGlobalMgr()->getConfig();
+    const char* recordPath() const override { return QZ_SOURCE_DIR "/samples/faces/astronaut.fp.rec"; }
+    DETECTTYPE detectType() const override { return DETECTTYPE_FP; }
+    void beforeScene() override {
         // As a host on an ES 3 device reports it: the face-aware qualities.
         config->glversion = 0x30000;
-        host = app->getAppInter();
-        nodes = app->getGlobalMgr()->getNodeMgr();
-        ASSERT_NO_FATAL_FAILURE(loadPhoto());
         ASSERT_NO_FATAL_FAILURE(loadLandmarks());
-        record = readFile(QZ_SOURCE_DIR "/samples/faces/astronaut.fp.rec");
-        ASSERT_FALSE(record.empty());
-
-        Camera* camera = config->getCamera(kScene);
-        camera->width = kSize;
-        camera->height = kSize;
-        camera->angle = 0;
-        host->createLogicSceneFull(kScene, kSize, kSize, kSize, kSize);
-        host->createBGNode(kScene, 4);  // RGBA frames
-        host->setDetectType(DETECTTYPE_FP);
-        frame(false);
-        scene = app->getGlobalMgr()->getSceneMgr()->getScene(kScene);
-        ASSERT_NE(scene, nullptr);
-        frame();
-        frame();
-    }
-
-    void loadPhoto() {
-        Bytes png = readFile(QZ_SOURCE_DIR "/samples/photos/astronaut.png");
-        ZuPngLoader loader(app);
-        unsigned char* pixels = nullptr;
-        ASSERT_TRUE(loader._readPngFromStream(png.data(), static_cast<int>(png.size()), "astronaut.png", &pixels));
-        ASSERT_EQ(loader.getWidth(), kSize);
-        ASSERT_EQ(loader.getHeight(), kSize);
-        int channels = loader.getGlFormat() == GL_RGBA ? 4 : 3;
-        photo.assign(static_cast<size_t>(kSize) * kSize * 4, 255);
-        for (size_t i = 0; i < static_cast<size_t>(kSize) * kSize; ++i)
-            for (int c = 0; c < 3; ++c) photo[i * 4 + c] = pixels[i * channels + c];
-        free(pixels);
     }
     void loadLandmarks() {
         Bytes text = readFile(QZ_SOURCE_DIR "/samples/faces/astronaut.landmarks.json");
@@ -337,35 +296,6 @@ protected:
         }
     }
 
-    // One host frame: camera picture and face record pushed, then a tick and
-    // the replay. Without a face the host sends a record of no faces.
-    void frame(bool withFace = true) {
-        static const uint8_t kNoFaces[4] = {0, 0, 0, 0};
-        host->pushCameraData(kScene, photo.data(), static_cast<int>(photo.size()));
-        if (withFace) host->setDetectData(kScene, record.data(), static_cast<int>(record.size()));
-        else host->setDetectData(kScene, kNoFaces, sizeof kNoFaces);
-        app->update();
-        app->directrender("");
-    }
-    Bytes picture() {
-        glBindFramebuffer(GL_FRAMEBUFFER, scene->getFbo()->getFboID());
-        Bytes pixels = readPixels(0, 0, kSize, kSize);
-        glBindFramebuffer(GL_FRAMEBUFFER, 0);
-        return pixels;
-    }
-    template <class T>
-    T* addNode(const char* type, const char* name) {
-        T* node = dynamic_cast<T*>(nodes->getCreator()->createNode(type, kScene, name));
-        if (!node) return nullptr;
-        node->setresUID(kResUID);
-        node->setpersonID(1);
-        scene->addChild(node);
-        return node;
-    }
-    ZuPersonTracker* tracker() {
-        ZuPerson* person = app->getGlobalMgr()->getPersonSys()->getPerson(kScene, 1);
-        return person ? person->getTracker() : nullptr;
-    }
     PassInput passInput(const Picture& source, double smoothSetting, double whiteSetting) const {
         // One step is 1/720 of the width, vertically in the design's aspect.
         double designW = config->getDesignWidth(), designH = config->getDesignHeight();
@@ -396,12 +326,6 @@ protected:
     static Box suit() { return {60, 120, 110, 170}; }        // the orange sleeve, lower left
     static Box background() { return {330, 420, 370, 460}; } // the grey wall, upper right
 
-    ZuConfig* config = nullptr;
-    ZuAppNative* host = nullptr;
-    ZuNodeMgr* nodes = nullptr;
-    ZuScene* scene = nullptr;
-    Bytes photo;  // RGBA, top row first, as the camera hands it over
-    Bytes record; // the FP face record of the photo
     Landmarks marks;
 };
 

@@ -7,13 +7,13 @@
 #include "parse/ZuParseFaceMorph.h"
 #include "parse/ZuParseMorph.h"
 #include "support/LogCapture.h"
-#include "node/morph/MorphFixture.h"
+#include "support/PhotoSceneFixture.h"
 
 #include <rapidjson/document.h>
 
 #include <iostream>
 
-using namespace morphtest;
+using namespace photoscene;
 
 namespace {
 
@@ -36,7 +36,7 @@ Move largestMove(const ZuFaceMorphNode* node) {
     return best;
 }
 
-class FaceMorphTest : public MorphFixture {
+class FaceMorphTest : public PhotoSceneFixture {
 protected:
     template <class T>
     T* morph(const char* type) {

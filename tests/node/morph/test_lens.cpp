@@ -6,14 +6,14 @@
 #include "node/morph/ZuEnlargeEyeMaterial.h"
 #include "parse/ZuParseDistortion.h"
 #include "support/LogCapture.h"
-#include "node/morph/MorphFixture.h"
+#include "support/PhotoSceneFixture.h"
 
 #include <rapidjson/document.h>
 
 #include <iostream>
 #include <memory>
 
-using namespace morphtest;
+using namespace photoscene;
 
 namespace {
 
@@ -65,7 +65,7 @@ Comparison compare(const Lens& lens, const Bytes& source, const Bytes& out, doub
     return result;
 }
 
-class LensTest : public MorphFixture {
+class LensTest : public PhotoSceneFixture {
 protected:
     ZuCircleDistortionNode* circle(int landmark, float intensity, float radius) {
         auto* node = addNode<ZuCircleDistortionNode>("ZuCircleDistortionNode", "s_lens_0_7");

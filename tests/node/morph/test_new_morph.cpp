@@ -3,19 +3,19 @@
 #include "node/morph/ZuFaceNewMorphNode.h"
 #include "node/morph/ZuNewMorphData.h"
 #include "support/LogCapture.h"
-#include "node/morph/MorphFixture.h"
+#include "support/PhotoSceneFixture.h"
 
 #include <iostream>
 
-using namespace morphtest;
+using namespace photoscene;
 
 namespace {
 
-class NewMorphTest : public MorphFixture {
+class NewMorphTest : public PhotoSceneFixture {
 protected:
     std::vector<std::string> resourceRoots() const override { return {sourceAssets()}; }
     void SetUp() override {
-        MorphFixture::SetUp();
+        PhotoSceneFixture::SetUp();
         useGridPicture();
         frame();
         source = picture();

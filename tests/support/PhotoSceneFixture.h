@@ -2,7 +2,8 @@
 
 // The sample portrait (or any picture of its size) pushed as the camera
 // frame of a 512 x 512 scene, with the AS face record of the portrait, as a
-// host drives the engine. Face reshaping tests read the scene's picture.
+// host drives the engine. Beauty and face reshaping tests read the scene's
+// picture.
 #include "basesys/Camera.h"
 #include "basesys/ZuAppMain.h"
 #include "basesys/ZuAppNative.h"
@@ -32,7 +33,7 @@
 #include <string>
 #include <vector>
 
-namespace morphtest {
+namespace photoscene {
 
 using Bytes = std::vector<uint8_t>;
 
@@ -68,18 +69,21 @@ inline void sampleLinear(const Bytes& p, double u, double v, double out[3]) {
                  (at(p, x0, y0 + 1, c) * (1 - fx) + at(p, x0 + 1, y0 + 1, c) * fx) * fy;
 }
 
-class MorphFixture : public EngineTest {
+class PhotoSceneFixture : public EngineTest {
 protected:
     std::vector<std::string> resourceRoots() const override { return {QZ_SOURCE_DIR "/samples/packages/"}; }
     // The record the face comes from.
     virtual const char* recordPath() const { return QZ_SOURCE_DIR "/samples/faces/astronaut.as.rec"; }
     virtual DETECTTYPE detectType() const { return DETECTTYPE_AS; }
+    // Host settings a test needs before the scene exists.
+    virtual void beforeScene() {}
 
     void SetUp() override {
         EngineTest::SetUp();
         config = app->getGlobalMgr()->getConfig();
         host = app->getAppInter();
         nodes = app->getGlobalMgr()->getNodeMgr();
+        ASSERT_NO_FATAL_FAILURE(beforeScene());
         ASSERT_NO_FATAL_FAILURE(loadPhoto());
         record = readFile(recordPath());
         ASSERT_FALSE(record.empty());
@@ -113,10 +117,11 @@ protected:
 
     // One host frame: camera picture and face record, tick, replay.
     void frame(bool withFace = true) {
-        static const uint8_t kNoFaces[8] = {};  // an AS record of no faces
+        // A record of no faces: a count, and for AS a second word.
+        static const uint8_t kNoFaces[8] = {};
         host->pushCameraData(kScene, photo.data(), static_cast<int>(photo.size()));
         if (withFace) host->setDetectData(kScene, record.data(), static_cast<int>(record.size()));
-        else host->setDetectData(kScene, kNoFaces, sizeof kNoFaces);
+        else host->setDetectData(kScene, kNoFaces, detectType() == DETECTTYPE_AS ? 8 : 4);
         app->update();
         app->directrender("");
     }
@@ -163,4 +168,4 @@ protected:
     Bytes record;  // the face record of the photo
 };
 
-} // namespace morphtest
+} // namespace photoscene
