@@ -88,14 +88,7 @@ protected:
     void SetUp() override {
         EngineTest::SetUp();
         ZuGlobalMgr* managers = app->getGlobalMgr();
-        Camera* camera = managers->getConfig()->getCamera("s");
-        camera->width = kSize;
-        camera->height = kSize;
-        camera->angle = 0;
-        push(new ZuOperateCreateLogicScene(app, "s", kSize, kSize, kSize, kSize, SCALE_MODE_FULL));
-        push(new ZuOperateChangeDetectDataType(app, DETECTTYPE_FP));
-        frame();
-        scene = managers->getSceneMgr()->getScene("s");
+        scene = createSquareScene("s", kSize);
         ASSERT_NE(scene, nullptr);
         events = managers->getEventMgr();
         log = new AniEventLog(app);

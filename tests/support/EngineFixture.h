@@ -1,9 +1,16 @@
 #pragma once
 
+#include "basesys/Camera.h"
 #include "basesys/ZuAppMain.h"
+#include "basesys/ZuConfig.h"
 #include "basesys/ZuGlobalMgr.h"
 #include "operate/ZuOperateBase.h"
+#include "operate/ZuOperateChangeDetectDataType.h"
+#include "operate/ZuOperateCreateLogicScene.h"
 #include "operate/ZuOperateMgr.h"
+#include "scene/ZuAdaptObj.h"
+#include "scene/ZuScene.h"
+#include "scene/ZuSceneMgr.h"
 #include "support/GLTest.h"
 
 #include <string>
@@ -39,6 +46,18 @@ protected:
     void push(ZuOperateBase* op) {
         app->getGlobalMgr()->getOperateMgr()->pushOperate(op);
         op->release();
+    }
+    // A square scene whose camera, window and design are all `size` pixels,
+    // upright, fed by an FP tracker unless told otherwise; after one frame.
+    ZuScene* createSquareScene(const char* name, int size, bool fpFaces = true) {
+        Camera* camera = app->getGlobalMgr()->getConfig()->getCamera(name);
+        camera->width = size;
+        camera->height = size;
+        camera->angle = 0;
+        push(new ZuOperateCreateLogicScene(app, name, size, size, size, size, SCALE_MODE_FULL));
+        if (fpFaces) push(new ZuOperateChangeDetectDataType(app, DETECTTYPE_FP));
+        frame();
+        return app->getGlobalMgr()->getSceneMgr()->getScene(name);
     }
     // One host frame: tick, then draw everything.
     void frame() {

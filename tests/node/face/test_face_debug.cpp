@@ -61,15 +61,7 @@ class FaceDebugNodeTest : public EngineTest {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
-        ZuGlobalMgr* managers = app->getGlobalMgr();
-        Camera* camera = managers->getConfig()->getCamera("dbg");
-        camera->width = kSize;
-        camera->height = kSize;
-        camera->angle = 0;
-        push(new ZuOperateCreateLogicScene(app, "dbg", kSize, kSize, kSize, kSize, SCALE_MODE_FULL));
-        push(new ZuOperateChangeDetectDataType(app, DETECTTYPE_FP));
-        frame();
-        scene = managers->getSceneMgr()->getScene("dbg");
+        scene = createSquareScene("dbg", kSize);
         ASSERT_NE(scene, nullptr);
     }
     template <class Node> Node* addNode(const char* type, const char* name) {

@@ -41,13 +41,7 @@ protected:
         EngineTest::SetUp();
         ZuGlobalMgr* managers = app->getGlobalMgr();
         managers->getConfig()->setSize(kSize, kSize);
-        Camera* camera = managers->getConfig()->getCamera("s");
-        camera->width = kSize;
-        camera->height = kSize;
-        camera->angle = 0;
-        push(new ZuOperateCreateLogicScene(app, "s", kSize, kSize, kSize, kSize, SCALE_MODE_FULL));
-        frame();
-        scene = managers->getSceneMgr()->getScene("s");
+        scene = createSquareScene("s", kSize, false);
         ASSERT_NE(scene, nullptr);
     }
     std::vector<uint8_t> scenePixels() {
